@@ -1,0 +1,51 @@
+# What an installation holds: headers, both libraries, pkg-config and CMake packages, the programs, their manual pages and
+# the examples. The components are the packages of packages.cmake.
+include(CMakePackageConfigHelpers)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/dtkhddvd)
+set(private_dir ${CMAKE_INSTALL_LIBDIR}/dtkhddvd)
+
+# A cairo of the system's is found as every other library is. One built for this project goes along, in a folder of its
+# own: it has the name of the system's cairo, and programs that use that one must not find ours. Its debugging
+# information would name the folder that it was built in.
+pkg_get_variable(cairo_libdir cairo-directfb libdir)
+set(install_rpath $ORIGIN)
+if(NOT cairo_libdir IN_LIST CMAKE_C_IMPLICIT_LINK_DIRECTORIES)
+  list(APPEND install_rpath $ORIGIN/dtkhddvd)
+  file(REAL_PATH ${cairo_libdir}/libcairo.so.2 cairo_file)
+  install(FILES ${cairo_file} DESTINATION ${private_dir} RENAME libcairo.so.2 COMPONENT library)
+  install(CODE "execute_process(COMMAND \"${CMAKE_STRIP}\" --strip-unneeded
+    \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${private_dir}/libcairo.so.2\" COMMAND_ERROR_IS_FATAL ANY)"
+    COMPONENT library)
+endif()
+set(programs dtk_demo test_dtkhd)
+set_target_properties(dtkhddvd PROPERTIES INSTALL_RPATH "${install_rpath}")
+set_target_properties(${programs} PROPERTIES INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
+
+install(TARGETS dtkhddvd EXPORT dtkhddvd
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
+  INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd)
+install(TARGETS zuvo EXPORT dtkhddvd
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT platform NAMELINK_COMPONENT development
+  INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd)
+install(TARGETS ${programs} RUNTIME COMPONENT tools)
+install(FILES include/dtkhddvd.h platform/include/zuvo.h
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd COMPONENT development)
+install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT documentation
+  FILES_MATCHING PATTERN hello.c PATTERN df_*)
+install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools FILES_MATCHING PATTERN *.1)
+install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT development FILES_MATCHING PATTERN *.3)
+
+install(EXPORT dtkhddvd NAMESPACE dtkhddvd:: FILE dtkhddvdTargets.cmake
+  DESTINATION ${package_dir} COMPONENT development)
+configure_package_config_file(cmake/dtkhddvdConfig.cmake.in dtkhddvdConfig.cmake INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(dtkhddvdConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/dtkhddvdConfig.cmake ${CMAKE_CURRENT_BINARY_DIR}/dtkhddvdConfigVersion.cmake
+  DESTINATION ${package_dir} COMPONENT development)
+
+# The prefix is told from the file's own place, because installing may choose another one than configuring.
+file(RELATIVE_PATH prefix_from_pkgconfig /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" prefix_from_pkgconfig ${prefix_from_pkgconfig})
+configure_file(cmake/dtkhddvd.pc.in dtkhddvd.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/dtkhddvd.pc
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)

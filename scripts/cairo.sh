@@ -1,0 +1,88 @@
+#!/bin/sh
+# cairo.sh: builds cairo with its DirectFB back end into the cache, from the source package of this machine's own Debian
+# mirrors. Nothing is done where it is there already. The caller holds the cache's lock.
+set -eu
+. "$(dirname "$0")/common.sh"
+
+log=$cache/cairo.log
+work=$cache/cairo.work
+
+# The system's package sources as deb-src, with lists of their own, so that the system's lists stay as they are.
+private_apt() {
+    mkdir -p "$work/sources" "$work/lists/partial" "$work/archives/partial"
+    list='' parts=''
+    eval "$(apt-config shell list Dir::Etc::sourcelist/f parts Dir::Etc::sourceparts/d)"
+    for file in "$list" "$parts"/*.list; do
+        [ ! -f "$file" ] || sed -n 's/^[[:blank:]]*deb[[:blank:]]/deb-src /p' "$file" > "$work/sources/$(basename "$file")"
+    done
+    for file in "$parts"/*.sources; do
+        [ ! -f "$file" ] || sed 's/^Types:.*/Types: deb-src/' "$file" > "$work/sources/$(basename "$file")"
+    done
+    cat > "$work/apt.conf" <<END
+Dir::Etc::sourcelist "/dev/null";
+Dir::Etc::sourceparts "$work/sources";
+Dir::State::lists "$work/lists";
+Dir::Cache "$work";
+APT::Sandbox::User "root";
+#clear APT::Update::Post-Invoke;
+#clear APT::Update::Post-Invoke-Success;
+END
+}
+
+fetch() {
+    # A mirror without sources is no matter as long as one has cairo's.
+    apt-get -c "$work/apt.conf" -q update || :
+    (cd "$work" && apt-get -c "$work/apt.conf" -q source cairo)
+}
+
+flags() {
+    case $(dpkg --print-architecture) in
+        i386) printf '%s' '-O2 -g1 -ffp-contract=off -msse2 -mfpmath=sse' ;;
+        *) printf '%s' '-O2 -g1 -ffp-contract=off' ;;
+    esac
+}
+
+configure() (
+    cd "$work/cairo-$cairo_version" || exit
+    # Debian's patches are newer than the generated files; with one time for all, make has no wish to run the autotools.
+    find . -exec touch -r configure {} +
+    ./configure --prefix="$cairo" CFLAGS="$(flags)" --enable-directfb=yes \
+        --disable-static --disable-dependency-tracking --disable-xlib --disable-xcb --disable-gtk-doc --disable-ps --disable-pdf \
+        --disable-svg --disable-script --disable-interpreter --disable-trace --disable-valgrind --disable-gobject \
+        --disable-ft --disable-fc --disable-png
+)
+
+# Without its warnings, so that the end of the log shows an error.
+compile() {
+    make -C "$work/cairo-$cairo_version/src" -s -j "$(nproc)" CFLAGS="$(flags) -w"
+}
+
+# The finished tree appears under its name at once and whole, so a try that was cut off is never taken for a good one.
+put_in_place() {
+    make -C "$work/cairo-$cairo_version/src" -s install DESTDIR="$work/stage" &&
+        rm -rf "$work/stage$cairo/lib/libcairo.la" "$cairo" &&
+        mv "$work/stage$cairo" "$cairo"
+}
+
+if command -v pkg-config > /dev/null && pkg-config --exists cairo-directfb; then
+    exit 0
+fi
+if [ -e "$cairo/lib/libcairo.so.2" ] && [ -e "$cairo/lib/pkgconfig/cairo-directfb.pc" ]; then
+    exit 0
+fi
+
+trap 'rm -rf "$work"' EXIT
+trap 'exit 1' HUP INT TERM
+rm -rf "$work"
+: > "$log"
+private_apt
+say "cairo: fetching Debian's source package ..."
+logged "$log" "cairo's source package could not be fetched: check the network and the package sources" fetch
+[ -d "$work/cairo-$cairo_version" ] ||
+    fail "the package sources have no cairo $cairo_version, the last release with the DirectFB back end: use Debian 12, or install such a cairo"
+say "cairo: configuring $cairo_version with its DirectFB back end ..."
+logged "$log" "cairo could not be configured: see the message above, then run again" configure
+say "cairo: building (about half a minute) ..."
+logged "$log" "cairo did not compile: see the message above, then run again" compile
+logged "$log" "cairo could not be put into $cache: check the free space, then run again" put_in_place
+say "cairo: ready in $cairo"

@@ -1,0 +1,67 @@
+# shellcheck shell=sh
+# Sourced by the scripts beside it.
+
+say() {
+    printf '%s\n' "$*"
+}
+
+fail() {
+    printf 'run: %s\n' "$*" >&2
+    exit 1
+}
+
+# The project's folder, its build directory, and what is kept for this user from one build to the next.
+root=$(dirname "$(dirname "$(readlink -f "$0")")")
+build=$root/build
+cache=${XDG_CACHE_HOME:-${HOME:-$build}/.cache}/dtkhddvd
+
+# pkg-config and the autotools take no such character in a folder's name.
+case $cache in
+    *[[:space:]\"\'\\\`\$\&\#\;\|]*)
+        cache=/var/tmp/dtkhddvd-$(id -u)
+        mkdir -m 700 "$cache" 2>/dev/null || :
+        [ -O "$cache" ] || fail "$cache belongs to somebody else: set XDG_CACHE_HOME to a folder without blanks"
+        ;;
+esac
+
+# cairo's version is part of the name, so that another version or architecture never meets the wrong library.
+cairo_version=1.16.0
+cairo=$cache/cairo-$cairo_version-$(dpkg --print-architecture 2>/dev/null || uname -m)
+
+# logged LOG ADVICE COMMAND...: keeps the command's output in LOG; a failure shows the end of it and the advice.
+logged() {
+    log=$1 advice=$2
+    shift 2
+    "$@" >> "$log" 2>&1 || {
+        tail -n 20 "$log" >&2
+        fail "$advice (whole log: $log)"
+    }
+}
+
+# locked FILE: waits until no other run holds FILE; this script and its children then hold it on descriptor 9 to their end.
+locked() {
+    { mkdir -p "$(dirname "$1")" && touch "$1"; } 2>/dev/null || fail "cannot write $1: make its folder writable${2:-}"
+    exec 9>> "$1"
+    flock -n 9 || {
+        say "waiting for another run to finish ..."
+        flock 9
+    }
+}
+
+# A service that a package starts would keep the lock for ever, hence the closed descriptor.
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@" 9>&-
+    elif command -v sudo > /dev/null; then
+        sudo "$@" 9>&-
+    else
+        printf 'not root, and there is no sudo: %s\n' "$*" >&2
+        return 1
+    fi
+}
+
+# cairo of the cache is used only where the system's own pkg-config knows none with the back end.
+use_cairo() {
+    pkg-config --exists cairo-directfb && return
+    export PKG_CONFIG_PATH="$cairo/lib/pkgconfig${PKG_CONFIG_PATH:+:$PKG_CONFIG_PATH}"
+}

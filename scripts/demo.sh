@@ -1,0 +1,44 @@
+#!/bin/sh
+# demo.sh [OPTION...]: frames of the benchmark program and the gallery, by each back end. The options go to dtk_demo, where
+# they replace the usual ones.
+set -eu
+. "$(dirname "$0")/common.sh"
+
+picture=$build/demo.png back_ends='software hardware' wants_help=no option=''
+for word; do
+    case $option in
+        --png) picture=$word ;;
+        --backend) back_ends=$word ;;
+    esac
+    case $word in
+        --png=*) picture=${word#--png=} ;;
+        --backend=*) back_ends=${word#--backend=} ;;
+        --help) wants_help=yes ;;
+    esac
+    option=$word
+done
+
+# picture_of FILE BACK-END: software keeps the plain name.
+picture_of() {
+    if [ "$2" = software ]; then
+        printf '%s' "$1"
+    else
+        printf '%s' "${1%.png}-$2.png"
+    fi
+}
+
+"$root/scripts/build.sh" default
+[ $wants_help = no ] || exec "$build/dtk_demo" --help
+
+pictures=''
+for back_end in $back_ends; do
+    frames=$(picture_of "$picture" "$back_end") gallery=$(picture_of "$build/gallery.png" "$back_end")
+    say "drawing ($back_end) ..."
+    "$build/dtk_demo" --frames 100 --size 1280x720 "$@" --backend "$back_end" --png "$frames" ||
+        fail "the demo program failed: see its message above"
+    "$build/gallery" "$gallery" "$back_end" || fail "the gallery program failed: see its message above"
+    pictures="$pictures
+  $frames
+  $gallery"
+done
+say "The pictures:$pictures"
