@@ -1,0 +1,12 @@
+#include "hardware/engine.h"
+#include "toolkit/report.h"
+
+using namespace dtk;
+
+DFBResult DTKHDDVD_Ellipse_HW(DTKHDDVD* thiz, const DFBRectangle* rect, u32 flags)
+{
+    if (!thiz)
+        return result::thiz_null;
+    const BoxPrimitive ellipse = {ellipse_messages, zuvo_dtk_draw_ellipse, zuvo_dtk_draw_ellipse_border};
+    return report("DTKHDDVD_Ellipse", draw_box(*thiz->priv, ellipse, rect, flags));
+}

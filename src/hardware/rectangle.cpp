@@ -1,0 +1,24 @@
+#include "hardware/engine.h"
+#include "toolkit/report.h"
+
+using namespace dtk;
+
+namespace {
+
+/// What does not blend is drawn only when DirectFB's own earlier work is complete.
+void wait_unless_blending(const DTKHDDVD_data& toolkit, u32 flags)
+{
+    if (!needs_blending(toolkit, flags, toolkit.has_fill_pattern))
+        toolkit.dfb->WaitIdle(toolkit.dfb);
+}
+
+} // namespace
+
+DFBResult DTKHDDVD_Rectangle_HW(DTKHDDVD* thiz, const DFBRectangle* rect, u32 flags)
+{
+    if (!thiz)
+        return result::thiz_null;
+    const BoxPrimitive rectangle = {rectangle_messages, zuvo_dtk_draw_rectangle, zuvo_dtk_draw_rectangle_border};
+    wait_unless_blending(*thiz->priv, flags);
+    return report("DTKHDDVD_Rectangle", draw_box(*thiz->priv, rectangle, rect, flags));
+}

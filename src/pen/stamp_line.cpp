@@ -1,0 +1,59 @@
+#include "pen/batch.h"
+
+using namespace dtk;
+
+namespace {
+
+int sign(int value)
+{
+    return (value > 0) - (value < 0);
+}
+
+/// One coordinate of the walk: how far it has to go, and in which direction.
+struct Axis {
+    int length;
+    int step;
+};
+
+Axis axis(int from, int to)
+{
+    const int distance = to - from;
+    return {distance < 0 ? -distance : distance, sign(distance)};
+}
+
+/// Calls `advance(major_step, minor_step)` once for every pixel after the first.
+template <typename Advance>
+void walk(const Axis& major, const Axis& minor, Advance&& advance)
+{
+    int error = major.length >> 1;
+    for (int i = 0; i < major.length; ++i) {
+        error += minor.length;
+        const bool crosses = error >= major.length;
+        if (crosses)
+            error -= major.length;
+        advance(major.step, crosses ? minor.step : 0);
+    }
+}
+
+} // namespace
+
+DFBResult stamp_line(IDirectFBSurface* dest, int x1, int y1, int x2, int y2, IDirectFBSurface* pen_surface)
+{
+    const Axis horizontal = axis(x1, x2);
+    const Axis vertical = axis(y1, y2);
+    StampBatch batch(dest, pen_surface);
+    int x = x1, y = y1;
+
+    const auto stamp_after = [&](int step_x, int step_y) {
+        x += step_x;
+        y += step_y;
+        batch.add(x, y);
+    };
+
+    batch.add(x, y);
+    if (horizontal.length < vertical.length)
+        walk(vertical, horizontal, [&](int major, int minor) { stamp_after(minor, major); });
+    else
+        walk(horizontal, vertical, [&](int major, int minor) { stamp_after(major, minor); });
+    return batch.finish();
+}

@@ -1,0 +1,123 @@
+#include "software/canvas.h"
+
+#include "software/blend.h"
+#include "software/pattern.h"
+#include "toolkit/context.h"
+
+#include <algorithm>
+
+namespace dtk {
+
+namespace {
+
+/// The cairo surface of the fill pattern's texture, NULL without a pattern.
+cairo_surface_t* texture_surface(const DTKHDDVD_data& toolkit)
+{
+    cairo_surface_t* surface = nullptr;
+    if (toolkit.fill_pattern)
+        cairo_pattern_get_surface(toolkit.fill_pattern, &surface);
+    return surface;
+}
+
+/// Cairo keeps a surface locked from its first use until a flush, and DirectFB would refuse it to everyone else.
+void unlock(cairo_surface_t* surface)
+{
+    if (surface)
+        cairo_surface_flush(surface);
+}
+
+void renew_context(const DTKHDDVD_data& toolkit, const Canvas& canvas)
+{
+    cairo_destroy(canvas.context);
+    canvas.context = create_context(toolkit.dfb, canvas.surface, &canvas.context_surface);
+}
+
+} // namespace
+
+Canvas choose_canvas(DTKHDDVD_data& toolkit, u32 flags)
+{
+    if (toolkit.use_scratch_pad && needs_blending(toolkit, flags, toolkit.fill_pattern))
+        return {toolkit.scratch, toolkit.scratch_cr, toolkit.scratch_cairo_surface, true, {}};
+    return {toolkit.target, toolkit.target_cr, toolkit.target_cairo_surface, false, {}};
+}
+
+DFBResult finish(const DTKHDDVD_data& toolkit, const Canvas& canvas)
+{
+    if (!canvas.is_scratch_pad)
+        return result::ok;
+    if (toolkit.dtk)
+        return BlendScratchPad(toolkit.dfb, toolkit.dtk, toolkit.target, toolkit.scratch, canvas.dirty);
+    return BlendScratchPadNoSync(toolkit.target, toolkit.scratch, canvas.dirty);
+}
+
+bool has_wide_pen(const DTKHDDVD_data& toolkit)
+{
+    if (!toolkit.pen)
+        return false;
+    int width = 0, height = 0;
+    const DFBResult result = toolkit.pen->GetSize(toolkit.pen, &width, &height);
+    return result || width != 1 || height != 1;
+}
+
+DFBResult get_pen_surface(const DTKHDDVD_data& toolkit, Ref<IDirectFBSurface>& surface)
+{
+    if (DFBResult result = toolkit.pen->GetSurface(toolkit.pen, surface.receive()))
+        return result;
+    return surface ? result::ok : result::failure;
+}
+
+DFBRectangle stamped_area(const DFBRectangle& rect, int pen_width, int pen_height)
+{
+    return {std::max(rect.x - pen_width / 2 - 1, 0), std::max(rect.y - pen_height / 2 - 1, 0),
+            rect.w + pen_width + 1, rect.h + pen_height + 1};
+}
+
+DFBResult begin_stamping(const DTKHDDVD_data& toolkit, const DFBRectangle& rect, Canvas& canvas,
+                         Ref<IDirectFBSurface>& pen_surface)
+{
+    if (DFBResult result = get_pen_surface(toolkit, pen_surface))
+        return result;
+
+    if (canvas.is_scratch_pad) {
+        int width = 0, height = 0;
+        if (DFBResult result = pen_surface->GetSize(pen_surface.get(), &width, &height))
+            return result;
+        canvas.dirty = stamped_area(rect, width, height);
+    }
+
+    // The pen's picture holds the key colour around its shape.
+    return canvas.surface->SetBlittingFlags(canvas.surface, DSBLIT_SRC_COLORKEY);
+}
+
+DFBResult set_color(const Canvas& canvas, const DFBColor& color)
+{
+    return canvas.surface->SetColor(canvas.surface, color.r, color.g, color.b, color.a);
+}
+
+void set_pattern_source(const DTKHDDVD_data& toolkit, const Canvas& canvas, int x, int y)
+{
+    // The matrix leads from the surface to the texture.
+    cairo_matrix_t matrix;
+    cairo_matrix_init_translate(&matrix, -static_cast<double>(x), -static_cast<double>(y));
+    cairo_pattern_set_matrix(toolkit.fill_pattern, &matrix);
+    cairo_set_source(canvas.context, toolkit.fill_pattern);
+}
+
+DFBResult fill_path(DTKHDDVD_data& toolkit, const Canvas& canvas)
+{
+    cairo_surface_t* texture = texture_surface(toolkit);
+    cairo_fill(canvas.context);
+    unlock(cairo_get_target(canvas.context));
+    unlock(texture);
+
+    // Errors stick for ever, and a texture in error is drawn as nothing without the context's noticing.
+    const bool has_lost_context = cairo_status(canvas.context) != CAIRO_STATUS_SUCCESS;
+    const bool has_lost_texture = texture && cairo_surface_status(texture) != CAIRO_STATUS_SUCCESS;
+    if (has_lost_context)
+        renew_context(toolkit, canvas);
+    if (has_lost_texture)
+        renew_fill_pattern(toolkit);
+    return has_lost_context || has_lost_texture ? result::failure : result::ok;
+}
+
+} // namespace dtk

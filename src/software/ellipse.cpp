@@ -1,0 +1,112 @@
+#include "raster/outline_ellipse.h"
+#include "software/canvas.h"
+#include "toolkit/report.h"
+
+using namespace dtk;
+
+namespace {
+
+constexpr double full_circle = 6.283185307179586;
+
+/// The rasterisers draw one pixel inside the box.
+DFBRectangle inner(const DFBRectangle& box)
+{
+    return {box.x + 1, box.y + 1, box.w - 2, box.h - 2};
+}
+
+DFBResult fill_with_pattern(DTKHDDVD_data& toolkit, const DFBRectangle& box, const Canvas& canvas)
+{
+    if (!canvas.context)
+        return result::failure;
+
+    // A half axis of 0 covers nothing, and scaling by 0 would break the context.
+    const int a = box.w / 2;
+    const int b = box.h / 2;
+    if (a == 0 || b == 0)
+        return result::ok;
+
+    cairo_save(canvas.context);
+    cairo_translate(canvas.context, box.x + a, box.y + b);
+    cairo_scale(canvas.context, a, b);
+    cairo_arc(canvas.context, 0, 0, 1.0, 0, full_circle);
+    cairo_restore(canvas.context);
+    set_pattern_source(toolkit, canvas, box.x, box.y);
+    return fill_path(toolkit, canvas);
+}
+
+DFBResult fill(DTKHDDVD_data& toolkit, const DFBRectangle& box, Canvas& canvas)
+{
+    canvas.dirty = box;
+    if (toolkit.fill_pattern)
+        return fill_with_pattern(toolkit, box, canvas);
+    const DFBRectangle rect = inner(box);
+    return fill_ellipse_argb(canvas.surface, &rect, nullptr, color_word(toolkit.palette[fill_index]));
+}
+
+DFBResult outline_stamped(const DTKHDDVD_data& toolkit, const DFBRectangle& box, Canvas& canvas)
+{
+    Ref<IDirectFBSurface> pen_surface;
+    if (DFBResult result = begin_stamping(toolkit, box, canvas, pen_surface))
+        return result;
+    return stamp_ellipse(canvas.surface, &box, pen_surface.get());
+}
+
+/// The rasteriser never clips, so it only gets outlines that lie inside the surface.
+DFBResult outline_thin(const DTKHDDVD_data& toolkit, const DFBRectangle& box, Canvas& canvas)
+{
+    const DFBRectangle rect = inner(box);
+    const u32 color = color_word(toolkit.palette[stroke_index]);
+
+    // The pole of a box one pixel wide or high lies beside it.
+    canvas.dirty = {box.x, box.y, box.w == 1 ? 2 : box.w, box.h == 1 ? 2 : box.h};
+    DFBDimension size = {0, 0};
+    if (DFBResult result = canvas.surface->GetSize(canvas.surface, &size.w, &size.h))
+        return result;
+    return outline_fits(rect, size) ? outline_ellipse_argb(canvas.surface, &rect, color)
+                                    : outline_ellipse_clipped(canvas.surface, rect, size, color);
+}
+
+DFBResult outline(const DTKHDDVD_data& toolkit, const DFBRectangle& box, Canvas& canvas)
+{
+    canvas.dirty = box;
+    return has_wide_pen(toolkit) ? outline_stamped(toolkit, box, canvas) : outline_thin(toolkit, box, canvas);
+}
+
+/// The answer is not used; a pad that cannot answer ends the primitive before it draws.
+DFBResult ask_scratch_pad(const DTKHDDVD_data& toolkit)
+{
+    DFBSurfacePixelFormat format = DSPF_UNKNOWN;
+    return toolkit.scratch ? toolkit.scratch->GetPixelFormat(toolkit.scratch, &format) : result::ok;
+}
+
+DFBResult draw_ellipse(DTKHDDVD_data& toolkit, const DFBRectangle* box, u32 flags)
+{
+    if (DFBResult result = ask_scratch_pad(toolkit))
+        return result;
+    if (!draws(flags))
+        return result::ok;
+    if (!box)
+        return result::invalid_argument;
+    Canvas canvas = choose_canvas(toolkit, flags);
+    if (!canvas.surface)
+        return result::failure;
+
+    if (flags & DTKHDDVD_FILL) {
+        if (DFBResult result = fill(toolkit, *box, canvas))
+            return result;
+    }
+    if (flags & DTKHDDVD_STROKE) {
+        if (DFBResult result = outline(toolkit, *box, canvas))
+            return result;
+    }
+    return finish(toolkit, canvas);
+}
+
+} // namespace
+
+DFBResult DTKHDDVD_Ellipse_SW(DTKHDDVD* thiz, const DFBRectangle* rect, u32 flags)
+{
+    if (!thiz)
+        return result::thiz_null;
+    return report("DTKHDDVD_Ellipse", draw_ellipse(*thiz->priv, rect, flags));
+}

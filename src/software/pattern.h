@@ -1,0 +1,13 @@
+#ifndef DTK_SOFTWARE_PATTERN_H
+#define DTK_SOFTWARE_PATTERN_H
+
+#include "toolkit/records.h"
+
+namespace dtk {
+
+/// Makes the fill pattern anew from the texture that it has, after cairo met an error in it.
+void renew_fill_pattern(DTKHDDVD_data& toolkit);
+
+} // namespace dtk
+
+#endif

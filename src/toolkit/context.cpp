@@ -1,0 +1,18 @@
+#include "toolkit/context.h"
+
+#include <cairo-directfb.h>
+
+namespace dtk {
+
+cairo_t* create_context(IDirectFB* dfb, IDirectFBSurface* surface, cairo_surface_t** ret_surface)
+{
+    cairo_surface_t* cairo_surface = cairo_directfb_surface_create(dfb, surface);
+    cairo_t* context = cairo_create(cairo_surface);
+    cairo_set_antialias(context, CAIRO_ANTIALIAS_NONE);
+    cairo_surface_destroy(cairo_surface);
+    if (ret_surface)
+        *ret_surface = cairo_surface;
+    return context;
+}
+
+} // namespace dtk

@@ -1,0 +1,30 @@
+#ifndef DTK_TOOLKIT_DRAWING_H
+#define DTK_TOOLKIT_DRAWING_H
+
+#include "toolkit/records.h"
+
+namespace dtk {
+
+/// Whether the drawing flags ask for anything.
+inline bool draws(u32 flags)
+{
+    return flags & (DTKHDDVD_FILL | DTKHDDVD_STROKE);
+}
+
+/// Whether what the drawing flags ask for is translucent or patterned.
+inline bool needs_blending(const DTKHDDVD_data& toolkit, u32 flags, bool has_pattern)
+{
+    const bool fill_blends = has_pattern || toolkit.palette[fill_index].a != 255;
+    const bool stroke_blends = toolkit.palette[stroke_index].a != 255;
+    return ((flags & DTKHDDVD_FILL) && fill_blends) || ((flags & DTKHDDVD_STROKE) && stroke_blends);
+}
+
+/// A colour as rasterisers and engine take it, 0xAARRGGBB.
+inline u32 color_word(const DFBColor& color)
+{
+    return static_cast<u32>(color.a) << 24 | static_cast<u32>(color.r) << 16 | static_cast<u32>(color.g) << 8 | color.b;
+}
+
+} // namespace dtk
+
+#endif
