@@ -1,0 +1,88 @@
+#include "directfb_core.h"
+
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include <core/core.h>
+#include <core/surface.h>
+#include <core/surface_buffer.h>
+#include <gfx/clip.h>
+#include <misc/conf.h>
+
+/** DirectFB itself chooses a window as soon as DISPLAY is set, even to nothing. */
+static bool has_usable_system(void)
+{
+    const char *display = getenv("DISPLAY");
+    const char *system = dfb_config->system;
+
+    if (!system)
+        return false;
+    return strcmp(system, "x11") != 0 || (display && *display);
+}
+
+void directfb_core_complete_options(int width, int height)
+{
+    if (!has_usable_system()) {
+        DirectFBSetOption("system", "dummy");
+        DirectFBSetOption("quiet", NULL);
+        DirectFBSetOption("no-cursor", NULL);
+    }
+
+    if (!dfb_config->mode.width) {
+        char mode[32];
+        snprintf(mode, sizeof(mode), "%dx%d", width, height);
+        DirectFBSetOption("mode", mode);
+    }
+}
+
+static struct {
+    CoreSurface *surface;
+    CoreSurfaceBufferLock lock;
+} opened[2];
+
+DirectFBCoreAnswer directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelFormat *ret_format)
+{
+    CoreSurface *surface;
+
+    if (!core_dfb || dfb_core_get_surface(core_dfb, id, &surface) != DFB_OK)
+        return DIRECTFB_CORE_UNKNOWN;
+
+    *ret_format = surface->config.format;
+    dfb_surface_unref(surface);
+    return DIRECTFB_CORE_OK;
+}
+
+DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, DirectFBCorePixels *ret_pixels)
+{
+    const CoreSurfaceAccessFlags access = use == DIRECTFB_CORE_TARGET ? CSAF_READ | CSAF_WRITE : CSAF_READ;
+    CoreSurface *surface;
+    CoreSurfaceBufferLock *lock = &opened[use].lock;
+
+    if (!core_dfb || dfb_core_get_surface(core_dfb, id, &surface) != DFB_OK)
+        return DIRECTFB_CORE_UNKNOWN;
+
+    if (dfb_surface_lock_buffer(surface, CSBR_BACK, CSAID_CPU, access, lock) != DFB_OK) {
+        dfb_surface_unref(surface);
+        return DIRECTFB_CORE_NOT_LOCKED;
+    }
+
+    opened[use].surface = surface;
+    ret_pixels->address = lock->addr;
+    ret_pixels->pitch = lock->pitch;
+    ret_pixels->width = surface->config.size.w;
+    ret_pixels->height = surface->config.size.h;
+    ret_pixels->format = surface->config.format;
+    return DIRECTFB_CORE_OK;
+}
+
+void directfb_core_close(DirectFBCoreUse use)
+{
+    dfb_surface_unlock_buffer(opened[use].surface, &opened[use].lock);
+    dfb_surface_unref(opened[use].surface);
+}
+
+bool directfb_core_clip_line(const DFBRegion *clip, DFBRegion *line)
+{
+    return dfb_clip_line(clip, line);
+}

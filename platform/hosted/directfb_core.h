@@ -1,0 +1,58 @@
+/**
+ * @file directfb_core.h
+ * What the platform needs of DirectFB's inside. Its internal headers are C only, so this is where they stay.
+ */
+#ifndef ZUVO_DIRECTFB_CORE_H
+#define ZUVO_DIRECTFB_CORE_H
+
+#include <directfb.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/**
+ * Completes DirectFB's options between DirectFBInit and DirectFBCreate: where there is nothing to show pictures on,
+ * they are drawn into memory only, quietly and without a cursor; where nothing says a size, it is @p width x @p height.
+ */
+void directfb_core_complete_options(int width, int height);
+
+/** What a surface is opened for: each is open at most once at a time. */
+typedef enum DirectFBCoreUse {
+    DIRECTFB_CORE_TARGET,
+    DIRECTFB_CORE_PATTERN
+} DirectFBCoreUse;
+
+/** A surface's pixels in memory, for as long as they are locked. */
+typedef struct DirectFBCorePixels {
+    void *address;
+    unsigned int pitch;             /**< Bytes from one row to the next. */
+    int width;
+    int height;
+    DFBSurfacePixelFormat format;
+} DirectFBCorePixels;
+
+/** What became of a surface that was asked for. */
+typedef enum DirectFBCoreAnswer {
+    DIRECTFB_CORE_OK,
+    DIRECTFB_CORE_UNKNOWN,          /**< There is none of that id, it was released, or DirectFB is not running. */
+    DIRECTFB_CORE_NOT_LOCKED
+} DirectFBCoreAnswer;
+
+/** Tells the pixel format of the surface @p id. */
+DirectFBCoreAnswer directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelFormat *ret_format);
+
+/** Finds the surface @p id and locks its back buffer; close it after success only. */
+DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, DirectFBCorePixels *ret_pixels);
+
+/** Unlocks the surface again and lets it go. */
+void directfb_core_close(DirectFBCoreUse use);
+
+/** Cuts a line to @p clip as DirectFB does before it draws one. Answers false when nothing is left. */
+bool directfb_core_clip_line(const DFBRegion *clip, DFBRegion *line);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

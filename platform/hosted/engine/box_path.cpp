@@ -1,0 +1,107 @@
+#include "outline_path.h"
+
+#include "ellipse_rows.h"
+#include "raster/ellipse_walk.h"
+
+#include <algorithm>
+
+namespace zuvo {
+namespace {
+
+const int left_chain = 0;
+const int right_chain = 1;
+
+void add_both(RowPath& path, int64_t row, int64_t first, int64_t last)
+{
+    path.add_run(left_chain, row, first, last);
+    path.add_run(right_chain, row, first, last);
+}
+
+/// One quarter of an ellipse's outline: the first and the last column of each row, counted from the centre.
+struct Quarter {
+    int* first;
+    int* last;
+    int height;             ///< Rows are 0 up to, but without, this.
+
+    void add(int column, int row) const
+    {
+        if (row >= height)
+            return;
+        first[row] = std::min(first[row], column);
+        last[row] = column;
+    }
+};
+
+/// Mirrors a quarter into the rows that the path keeps.
+void add_quarters(RowPath& path, const Quarter& quarter, int cx, int cy)
+{
+    for (int row = path.top; row < path.bottom; ++row) {
+        const int i = std::abs(row - cy);
+        path.set_run(left_chain, row, cx - quarter.last[i], cx - quarter.first[i]);
+        path.set_run(right_chain, row, cx + quarter.first[i], cx + quarter.last[i]);
+    }
+}
+
+bool walk_quarter(RowPath& path, Buffer<int>& memory, const DFBRectangle& rect)
+{
+    const int height = rect.h / 2 + 1;
+    if (!memory.reserve(2 * static_cast<size_t>(height)))
+        return false;
+    const Quarter quarter = {memory.items, memory.items + height, height};
+    std::fill_n(quarter.first, height, far_away);
+
+    const int cx = rect.x + rect.w / 2;
+    const int cy = rect.y + rect.h / 2;
+    dtk::walk_ellipse(
+        rect, [&quarter, height](int, int) { quarter.add(0, height - 1); },
+        [&quarter, cx, cy](int right, int, int lower, int) { quarter.add(right - cx, lower - cy); });
+    add_quarters(path, quarter, cx, cy);
+    return true;
+}
+
+/// An ellipse of negative height is its two poles, if it is not walked at all.
+void add_poles(RowPath& path, const DFBRectangle& rect)
+{
+    const int cx = rect.x + rect.w / 2;
+    const int cy = rect.y + rect.h / 2;
+    add_both(path, cy + rect.h / 2, cx, cx);
+    add_both(path, cy - rect.h / 2, cx, cx);
+}
+
+} // namespace
+
+bool rectangle_path(RowPath& path, RowRange rows, const DFBRectangle& rect)
+{
+    const int64_t left = rect.x, right = int64_t(rect.x) + rect.w - 1;
+    const int64_t top = rect.y, bottom = int64_t(rect.y) + rect.h - 1;
+    if (!path.begin(2, std::max(rows.top, std::min(top, bottom)), std::min(rows.bottom, std::max(top, bottom) + 1)))
+        return false;
+
+    if (rect.h > 0) {
+        path.set_column(left_chain, std::min(left, right));
+        path.set_column(right_chain, std::max(left, right));
+    }
+    if (rect.w > 0) {
+        add_both(path, top, left, right);
+        add_both(path, bottom, left, right);
+    }
+    return true;
+}
+
+bool ellipse_path(RowPath& path, Buffer<int>& memory, RowRange rows, const DFBRectangle& rect)
+{
+    const int64_t centre = int64_t(rect.y) + rect.h / 2;
+    const int64_t reach = std::abs(int64_t(rect.h / 2));
+    if (!path.begin(2, std::max(rows.top, centre - reach), std::min(rows.bottom, centre + reach + 1)))
+        return false;
+
+    if (is_huge(rect))
+        add_huge_outline(path, rect);
+    else if (rect.h < 0)
+        add_poles(path, rect);
+    else
+        return walk_quarter(path, memory, rect);
+    return true;
+}
+
+} // namespace zuvo

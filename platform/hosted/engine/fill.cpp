@@ -1,0 +1,134 @@
+#include "engine.h"
+
+#include "box_clip.h"
+#include "ellipse_arc.h"
+#include "ellipse_rows.h"
+#include "surface.h"
+
+#include <algorithm>
+
+using zuvo::engine;
+using zuvo::Painter;
+
+namespace {
+
+/// Draws a shape with the engine's fill; a pattern begins at (x, y). `draw(painter)` gives the shape's rows to the
+/// painter and answers false without memory.
+template <typename Draw>
+int draw_filled(int x, int y, bool blend, const Draw& draw)
+{
+    if (!engine.output)
+        return ZUVO_NO_OUTPUT;
+    if (engine.fill == zuvo::Fill::none)
+        return ZUVO_NO_FILL;
+    const bool has_pattern = engine.fill == zuvo::Fill::pattern;
+    if (has_pattern && engine.pattern == engine.output)
+        return ZUVO_PATTERN_IS_OUTPUT;
+
+    zuvo::OpenSurface target(DIRECTFB_CORE_TARGET);
+    if (int error = target.open(engine.output))
+        return error;
+    zuvo::OpenSurface pattern(DIRECTFB_CORE_PATTERN);
+    if (has_pattern) {
+        if (int error = pattern.open(engine.pattern))
+            return error;
+    }
+
+    Painter painter = has_pattern ? zuvo::paint_pattern(target.pixels(), pattern.pixels(), x, y, blend)
+                                  : zuvo::paint_colour(target.pixels(), engine.fill_colour, blend);
+    return draw(painter) ? ZUVO_OK : ZUVO_NO_MEMORY;
+}
+
+void fill_rectangle(const DFBRectangle& rect, Painter& painter)
+{
+    const zuvo::Extent extent = painter.target.extent;
+    const int64_t right = std::min(int64_t(rect.x) + rect.w, int64_t(extent.width));
+    const int64_t bottom = std::min(int64_t(rect.y) + rect.h, int64_t(extent.height));
+    const zuvo::Span span = {std::max(rect.x, 0), static_cast<int>(std::max(right, int64_t(0)))};
+    if (span.left >= span.right)
+        return;
+    for (int row = std::max(rect.y, 0); row < bottom; ++row)
+        painter.take(painter, row, &span, 1);
+}
+
+bool fill_plain_ellipse(const DFBRectangle& rect, bool blend, Painter& painter)
+{
+    zuvo::BoxClip clip(painter, rect);
+    zuvo::RowSink& sink = blend && zuvo::has_no_inside(rect) ? static_cast<zuvo::RowSink&>(clip) : painter;
+    return zuvo::fill_ellipse(engine.rows, painter.target.extent, zuvo::inner_box(rect), sink);
+}
+
+bool fill_patterned_ellipse(const DFBRectangle& rect, Painter& painter)
+{
+    if (rect.w / 2 == 0 || rect.h / 2 == 0)
+        return true;
+    if (zuvo::is_huge(rect))
+        return zuvo::fill_ellipse(engine.rows, painter.target.extent, rect, painter);
+
+    engine.polygon.begin(painter.target.extent);
+    zuvo::add_ellipse(engine.polygon, rect);
+    return engine.polygon.scan(painter);
+}
+
+bool fill_polygon(const DFBPoint* points, unsigned int count, Painter& painter)
+{
+    const auto fixed = [](DFBPoint point) {
+        return zuvo::FixedPoint{point.x * zuvo::fixed_one, point.y * zuvo::fixed_one};
+    };
+    engine.polygon.begin(painter.target.extent);
+    for (unsigned int i = 0; i < count; ++i)
+        engine.polygon.add_edge(fixed(points[i]), fixed(points[i + 1 < count ? i + 1 : 0]));
+    return engine.polygon.scan(painter);
+}
+
+DFBPoint upper_left(const DFBPoint* points, unsigned int count)
+{
+    DFBPoint corner = points[0];
+    for (unsigned int i = 1; i < count; ++i)
+        corner = {std::min(corner.x, points[i].x), std::min(corner.y, points[i].y)};
+    return corner;
+}
+
+} // namespace
+
+int zuvo_dtk_draw_rectangle(unsigned int dtk, const DFBRectangle* rect, unsigned int flags)
+{
+    if (!zuvo::is_engine(dtk))
+        return ZUVO_NO_SUCH_ENGINE;
+    if (!rect)
+        return ZUVO_NULL_ARGUMENT;
+
+    return draw_filled(rect->x, rect->y, flags & ZUVO_DTK_BLEND, [rect](Painter& painter) {
+        fill_rectangle(*rect, painter);
+        return true;
+    });
+}
+
+int zuvo_dtk_draw_ellipse(unsigned int dtk, const DFBRectangle* rect, unsigned int flags)
+{
+    if (!zuvo::is_engine(dtk))
+        return ZUVO_NO_SUCH_ENGINE;
+    if (!rect)
+        return ZUVO_NULL_ARGUMENT;
+
+    const bool blend = flags & ZUVO_DTK_BLEND;
+    return draw_filled(rect->x, rect->y, blend, [rect, blend](Painter& painter) {
+        return engine.fill == zuvo::Fill::pattern ? fill_patterned_ellipse(*rect, painter)
+                                                  : fill_plain_ellipse(*rect, blend, painter);
+    });
+}
+
+int zuvo_dtk_draw_polygon(unsigned int dtk, const DFBPoint* points, unsigned int num_points, unsigned int)
+{
+    if (!zuvo::is_engine(dtk))
+        return ZUVO_NO_SUCH_ENGINE;
+    if (!points)
+        return ZUVO_NULL_ARGUMENT;
+    if (num_points == 0)
+        return ZUVO_OK;
+
+    const DFBPoint corner = upper_left(points, num_points);
+    return draw_filled(corner.x, corner.y, true, [points, num_points](Painter& painter) {
+        return fill_polygon(points, num_points, painter);
+    });
+}

@@ -1,0 +1,32 @@
+#ifndef ZUVO_OUTLINE_PATH_H
+#define ZUVO_OUTLINE_PATH_H
+
+#include "row_path.h"
+#include "span.h"
+
+#include <directfb.h>
+
+namespace zuvo {
+
+/// The rows from top up to, but without, bottom.
+struct RowRange {
+    int64_t top, bottom;
+};
+
+/// Each makes @p path the points that a pen visits and that lie in @p rows. They answer false without memory.
+
+/// Both ends of the line are visited.
+bool line_path(RowPath& path, RowRange rows, DFBPoint from, DFBPoint to);
+
+/// A line one pixel wide as DirectFB draws it: cut to the extent first, then of runs of pixels that are balanced about
+/// its middle.
+bool thin_line_path(RowPath& path, Extent extent, DFBPoint from, DFBPoint to);
+
+bool rectangle_path(RowPath& path, RowRange rows, const DFBRectangle& rect);
+
+/// @p memory is memory to work in.
+bool ellipse_path(RowPath& path, Buffer<int>& memory, RowRange rows, const DFBRectangle& rect);
+
+} // namespace zuvo
+
+#endif

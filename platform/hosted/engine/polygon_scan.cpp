@@ -1,0 +1,146 @@
+#include "polygon_scan.h"
+
+#include <algorithm>
+#include <climits>
+#include <cmath>
+
+namespace zuvo {
+namespace {
+
+/// Products of an edge's width and height stay exact up to here, which is beyond the range of cairo's numbers.
+const int64_t exact_limit = int64_t(1) << 31;
+
+/// Divides by a positive number, rounding down.
+Quotient divide(int64_t dividend, int64_t divisor)
+{
+    Quotient quotient = {dividend / divisor, dividend % divisor};
+    if (quotient.rest < 0) {
+        --quotient.value;
+        quotient.rest += divisor;
+    }
+    return quotient;
+}
+
+PolygonEdge make_edge(FixedPoint top, FixedPoint bottom, int first_row, int end_row, int direction)
+{
+    const int64_t width = bottom.x - top.x;
+    const int64_t height = bottom.y - top.y;
+    const Quotient start = along_slope(first_row * fixed_one + below_half - top.y, width, height);
+    const Quotient step = divide(width * fixed_one, height);
+    return {first_row, end_row, direction, top.x + start.value, start.rest - height, step.value, step.rest, height};
+}
+
+void advance(PolygonEdge& edge)
+{
+    edge.x += edge.step;
+    edge.x_rest += edge.step_rest;
+    if (edge.x_rest >= 0) {
+        ++edge.x;
+        edge.x_rest -= edge.height;
+    }
+}
+
+/// Puts @p edge where it belongs among the sorted edges before @p place.
+void insert_by_x(PolygonEdge** edges, size_t place, PolygonEdge* edge)
+{
+    for (; place > 0 && edges[place - 1]->x > edge->x; --place)
+        edges[place] = edges[place - 1];
+    edges[place] = edge;
+}
+
+/// Brings sorted edges to the next row and drops those that end there. Answers how many are left.
+size_t advance_all(PolygonEdge** edges, size_t count, int row)
+{
+    size_t kept = 0;
+    for (size_t i = 0; i < count; ++i) {
+        PolygonEdge* const edge = edges[i];
+        if (edge->end_row <= row)
+            continue;
+        advance(*edge);
+        insert_by_x(edges, kept++, edge);
+    }
+    return kept;
+}
+
+/// Beyond cairo's range of numbers an edge may leave the extent.
+int column(const PolygonEdge& edge, int width)
+{
+    return static_cast<int>(std::clamp(to_pixel(edge.x), int64_t(0), int64_t(width)));
+}
+
+int collect_spans(PolygonEdge* const* edges, size_t count, int width, int closed_gap, Span* spans)
+{
+    int span_count = 0, winding = 0, start = -1;
+    int end = count ? column(*edges[0], width) : 0;
+    for (size_t i = 0; i < count; ++i) {
+        const int next = i + 1 < count ? column(*edges[i + 1], width) : INT_MAX;
+        winding += edges[i]->direction;
+        if (winding != 0) {
+            if (start < 0)
+                start = end;
+        } else if (next > end + closed_gap) {
+            if (start >= 0 && end > start)
+                spans[span_count++] = {start, end};
+            start = -1;
+        }
+        end = next;
+    }
+    return span_count;
+}
+
+} // namespace
+
+Quotient along_slope(int64_t distance, int64_t slope_width, int64_t slope_height)
+{
+    if (slope_height < exact_limit && slope_width < exact_limit && slope_width > -exact_limit)
+        return divide(distance * slope_width, slope_height);
+    const double slope = static_cast<double>(slope_width) / static_cast<double>(slope_height);
+    return {static_cast<int64_t>(std::floor(static_cast<double>(distance) * slope)), 0};
+}
+
+void PolygonScan::begin(Extent new_extent)
+{
+    extent = new_extent;
+    has_slanted_edge = false;
+    out_of_memory = false;
+    edge_count = 0;
+}
+
+void PolygonScan::add_piece(FixedPoint line_top, FixedPoint line_bottom, int64_t top, int64_t bottom, int direction)
+{
+    const int first_row = static_cast<int>(to_pixel(top));
+    const int end_row = std::min(static_cast<int>(to_pixel(bottom)), extent.height);
+    if (first_row >= end_row)
+        return;
+    if (!edges.reserve(edge_count + 1)) {
+        out_of_memory = true;
+        return;
+    }
+    edges[edge_count++] = make_edge(line_top, line_bottom, first_row, end_row, direction);
+}
+
+bool PolygonScan::scan(RowSink& sink)
+{
+    if (out_of_memory || !active.reserve(edge_count) || !spans.reserve(edge_count))
+        return false;
+    std::sort(edges.items, edges.items + edge_count,
+              [](const PolygonEdge& one, const PolygonEdge& other) { return one.first_row < other.first_row; });
+
+    const int closed_gap = has_slanted_edge ? 1 : 0;
+    size_t waiting = 0, active_count = 0;
+    for (int row = 0; waiting < edge_count || active_count; ++row) {
+        if (!active_count)
+            row = edges[waiting].first_row;
+        for (; waiting < edge_count && edges[waiting].first_row == row; ++waiting)
+            insert_by_x(active.items, active_count++, &edges[waiting]);
+
+        const int count = collect_spans(active.items, active_count, extent.width, closed_gap, spans.items);
+        if (count)
+            sink.take(sink, row, spans.items, count);
+
+        active_count = advance_all(active.items, active_count, row + 1);
+    }
+    return true;
+}
+
+} // namespace zuvo

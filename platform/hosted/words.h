@@ -1,0 +1,37 @@
+#ifndef ZUVO_WORDS_H
+#define ZUVO_WORDS_H
+
+namespace zuvo {
+
+/// A picture size that the display can be asked for.
+struct DisplayFormat {
+    const char* word;           ///< The size as `format=` names it.
+    unsigned int video_format;  ///< Its number in zuvo_display_settings.
+    int width, height;
+};
+
+/// What the platform was asked for, by `ZUVOARGS` and by arguments that begin with `--zuvo:`.
+struct Wishes {
+    bool engine;                    ///< Offer the drawing engine.
+    bool accel;                     ///< Let DirectFB draw with the platform's graphics driver.
+    const DisplayFormat* format;
+};
+
+/// The wishes so far; nothing said means engine and driver on, and 1920 x 1080.
+const Wishes& wishes();
+
+/// Forgets all wishes, then reads `ZUVOARGS` and the words on the process's own command line.
+void read_start_wishes();
+
+/// Reads the words among a program's arguments and removes them. Either pointer, and the vector, may be NULL.
+void take_argument_wishes(int* argc, char*** argv);
+
+/// Answers the format with a number of zuvo_display_settings, NULL when there is none.
+const DisplayFormat* find_format(unsigned int video_format);
+
+/// Makes @p format the one in force.
+void set_format(const DisplayFormat* format);
+
+} // namespace zuvo
+
+#endif
