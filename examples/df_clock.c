@@ -1,0 +1,149 @@
+/*
+ * A clock whose hands and ticks are lines with pens of their own. Escape ends it.
+ *
+ *     cc df_clock.c -o df_clock $(pkg-config --cflags --libs dtkhddvd) -lm
+ *     ./df_clock
+ *     ./df_clock --dfb:system=dummy --dump DIRECTORY      writes a picture of nine minutes past ten
+ */
+#include <math.h>
+#include <string.h>
+#include <time.h>
+
+#include <dtkhddvd.h>
+
+enum { side = 480, centre = side / 2 };
+
+/* A hand or a tick reaches from one distance to another one from the centre. A negative distance is behind it. */
+typedef struct Hand {
+    int from, to;
+    DTKHDDVDPenShape pen;
+    u8 r, g, b, a;
+} Hand;
+
+static const Hand minute_tick = {196, 202, {-1, -1, 2, -1, 2, 2, -1, 2}, 0x70, 0x78, 0x88, 0xFF};
+static const Hand hour_tick = {184, 200, {-3, -3, 4, -3, 4, 4, -3, 4}, 0xE8, 0xE8, 0xF0, 0xFF};
+static const Hand hour_hand = {-24, 112, {-4, -9, 4, -9, 9, 4, -9, 9}, 0xF0, 0xF0, 0xF8, 0xC0};
+static const Hand minute_hand = {-30, 172, {0, -7, 7, 0, 0, 7, -7, 0}, 0xF0, 0xF0, 0xF8, 0xC0};
+static const Hand second_hand = {-48, 188, {-1, -2, 2, -1, 1, 2, -2, 1}, 0xFF, 0x58, 0x40, 0xFF};
+
+static void check(DFBResult result)
+{
+    if (result)
+        DirectFBErrorFatal("df_clock", result);
+}
+
+/* `turn` counts turns of the clock from twelve. */
+static DFBPoint point_at(double turn, int distance)
+{
+    const double angle = 2 * 3.14159265358979323846 * turn;
+    const DFBPoint point = {centre + (int)lround(distance * sin(angle)), centre - (int)lround(distance * cos(angle))};
+
+    return point;
+}
+
+static void draw_hand(DTKHDDVD *toolkit, const Hand *hand, double turn)
+{
+    const DFBPoint from = point_at(turn, hand->from), to = point_at(turn, hand->to);
+
+    check(toolkit->Line(toolkit, from.x, from.y, to.x, to.y));
+}
+
+/* Draws a hand `count` times, evenly round the face, beginning at `turn`. */
+static void draw_hands(DTKHDDVD *toolkit, const Hand *hand, int count, double turn)
+{
+    DTKHDDVDPen *pen;
+    int i;
+
+    check(toolkit->CreatePen(toolkit, &hand->pen, &pen));
+    check(toolkit->SetPen(toolkit, pen));
+    check(toolkit->SetStrokeColor(toolkit, hand->r, hand->g, hand->b, hand->a));
+    for (i = 0; i < count; ++i)
+        draw_hand(toolkit, hand, turn + (double)i / count);
+    check(toolkit->SetPen(toolkit, NULL));
+    pen->Release(pen);
+}
+
+static void draw_disc(DTKHDDVD *toolkit, int radius, u8 r, u8 g, u8 b, u8 a)
+{
+    const DFBRectangle box = {centre - radius, centre - radius, 2 * radius, 2 * radius};
+
+    check(toolkit->SetFillColor(toolkit, r, g, b, a));
+    check(toolkit->Ellipse(toolkit, &box, DTKHDDVD_FILL));
+}
+
+static void draw_clock(DTKHDDVD *toolkit, int hour, int minute, int second)
+{
+    draw_disc(toolkit, 226, 0x2C, 0x34, 0x48, 0xFF);
+    draw_disc(toolkit, 214, 0x1C, 0x22, 0x30, 0xFF);
+    draw_disc(toolkit, 120, 0x50, 0x90, 0xE0, 0x30);
+    draw_hands(toolkit, &minute_tick, 60, 0);
+    draw_hands(toolkit, &hour_tick, 12, 0);
+
+    draw_hands(toolkit, &hour_hand, 1, (hour * 60 + minute) / 720.0);
+    draw_hands(toolkit, &minute_hand, 1, (minute * 60 + second) / 3600.0);
+    draw_hands(toolkit, &second_hand, 1, second / 60.0);
+    draw_disc(toolkit, 10, 0xFF, 0x58, 0x40, 0xFF);
+}
+
+static void draw_frame(IDirectFBSurface *screen, DTKHDDVD *toolkit, int hour, int minute, int second)
+{
+    check(screen->Clear(screen, 0x10, 0x12, 0x18, 0xFF));
+    draw_clock(toolkit, hour, minute, second);
+    check(screen->Flip(screen, NULL, DSFLIP_NONE));
+}
+
+static int is_escape(const DFBEvent *event)
+{
+    return event->clazz == DFEC_INPUT && event->input.type == DIET_KEYPRESS && event->input.key_symbol == DIKS_ESCAPE;
+}
+
+static int wants_to_end(IDirectFBEventBuffer *events)
+{
+    DFBEvent event;
+
+    while (events->GetEvent(events, &event) == DFB_OK)
+        if (is_escape(&event))
+            return 1;
+    return 0;
+}
+
+static void run(IDirectFB *dfb, IDirectFBSurface *screen, DTKHDDVD *toolkit)
+{
+    IDirectFBEventBuffer *events;
+
+    check(dfb->CreateInputEventBuffer(dfb, DICAPS_KEYS, DFB_TRUE, &events));
+    while (!wants_to_end(events)) {
+        const time_t now = time(NULL);
+        const struct tm *local = localtime(&now);
+
+        draw_frame(screen, toolkit, local->tm_hour, local->tm_min, local->tm_sec);
+        events->WaitForEventWithTimeout(events, 0, 200);
+    }
+    events->Release(events);
+}
+
+int main(int argc, char **argv)
+{
+    const DFBSurfaceDescription description = {
+        .flags = DSDESC_CAPS | DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT,
+        .caps = DSCAPS_PRIMARY | DSCAPS_FLIPPING, .width = side, .height = side, .pixelformat = DSPF_ARGB};
+    IDirectFB *dfb;
+    IDirectFBSurface *screen;
+    DTKHDDVD *toolkit;
+
+    check(DirectFBInit(&argc, &argv));
+    check(DirectFBCreate(&dfb));
+    check(dfb->SetCooperativeLevel(dfb, DFSCL_FULLSCREEN));
+    check(dfb->CreateSurface(dfb, &description, &screen));
+    check(CreateDrawingToolkit_HDDVD(dfb, screen, 1, &toolkit));
+    if (argc == 3 && !strcmp(argv[1], "--dump")) {
+        draw_frame(screen, toolkit, 10, 9, 36);
+        check(screen->Dump(screen, argv[2], "clock"));
+    } else {
+        run(dfb, screen, toolkit);
+    }
+    toolkit->Release(toolkit);
+    screen->Release(screen);
+    dfb->Release(dfb);
+    return 0;
+}
