@@ -1,0 +1,50 @@
+#!/bin/sh
+# include_order.sh PROJECT: each folder includes only what stands below it, and nothing that needs a C++ runtime.
+set -eu
+cd "$1"
+failures=0
+
+# Prints what each #include line of the given files has between its quotes or brackets, after the file's name.
+included() {
+    quote=$1
+    shift
+    case $quote in
+        quotes) grep -H '^ *# *include *"' "$@" | sed 's/:[^"]*"/ /; s/".*//' ;;
+        brackets) grep -H '^ *# *include *<' "$@" | sed 's/:[^<]*</ /; s/>.*//' ;;
+    esac
+}
+
+# check FILES-PATTERN ALLOWED-PATTERN: the quoted includes of these files.
+check() {
+    # shellcheck disable=SC2086 # The pattern names the files.
+    set -- "$2" $1
+    allowed=$1
+    shift
+    [ -e "$1" ] || { echo "no file matches $1"; failures=1; return; }
+    if included quotes "$@" | grep -Ev "^[^ ]+ ($allowed)$"; then
+        echo "... may include only: $allowed"
+        failures=1
+    fi
+}
+
+check 'src/toolkit/*' 'toolkit/.*|dtkhddvd\.h|zuvo\.h'
+check 'src/pen/*' '(pen|toolkit)/.*|dtkhddvd\.h|zuvo\.h'
+check 'src/raster/*' '(raster|pen|toolkit)/.*|dtkhddvd\.h'
+check 'src/software/[!b]*' '(software|raster|pen|toolkit)/.*|dtkhddvd\.h'
+check 'src/software/b*' '(software|raster|pen|toolkit)/.*|dtkhddvd\.h|zuvo\.h'
+check 'src/hardware/*' '(hardware|pen|toolkit)/.*|dtkhddvd\.h|zuvo\.h'
+check 'test_dtkhd/*.[ch]*' '(test_dtkhd/)?[a-z_]+\.h|toolkit/report\.h|dtkhddvd\.h|zuvo\.h'
+
+# What needs no runtime, and what the library draws with.
+headers='algorithm|atomic|cmath|cstddef|cstdint|cstdio|cstdlib|cstring|initializer_list|limits|type_traits|utility'
+foreign='cairo\.h|cairo-directfb\.h|directfb\.h|sys/time\.h|time\.h'
+if included brackets src/*/*.cpp src/*/*.h | grep -Ev "^[^ ]+ ($headers|$foreign)$"; then
+    echo "... needs a C++ runtime, or is nothing that the library builds on"
+    failures=1
+fi
+
+if grep -nE '^ *# *define +[A-Za-z_0-9]+\(' include/*.h platform/include/*.h src/*/*; then
+    echo "... is a macro that takes arguments"
+    failures=1
+fi
+exit $failures

@@ -1,0 +1,95 @@
+#!/bin/sh
+# installed.sh CASE: one case of an installation below $PREFIX. Whoever finds the build in $BUILD by one of the usual
+# variables would prove nothing, so these are cleared.
+set -eu
+case_name=$1
+here=$(dirname "$(readlink -f "$0")")
+project=$(dirname "$(dirname "$here")")
+libraries=$PREFIX/$LIBRARIES
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+unset LD_LIBRARY_PATH LIBRARY_PATH CPATH DFBARGS DISPLAY ZUVOARGS DESTDIR
+export HOME="$work" PKG_CONFIG_PATH="$libraries/pkgconfig"
+headless=--dfb:system=dummy,quiet,no-cursor,mode=640x480
+
+wrong() {
+    echo "$case_name: $*"
+    exit 1
+}
+
+# pkg-config puts a backslash before the blank of the prefix, which only a second reading takes away.
+compile() {
+    compiler=$1 source=$2 flags=$(pkg-config --cflags --libs dtkhddvd)
+    eval "$compiler \"\$source\" -o \"\$work/user\" $flags -lm \"-Wl,-rpath,\$libraries\"" ||
+        wrong "does not compile: $(basename "$source")"
+}
+
+expect_in_place() {
+    for file; do
+        [ -f "$PREFIX/$file" ] || wrong "not installed: $file"
+    done
+}
+
+case $case_name in
+    everything_is_put_in_place)
+        rm -rf "$PREFIX"
+        "$CMAKE" --install "$BUILD" --prefix "$PREFIX" --strip > "$work/log" || wrong "does not install: $(cat "$work/log")"
+        expect_in_place include/dtkhddvd/dtkhddvd.h include/dtkhddvd/zuvo.h \
+            "$LIBRARIES/libdtkhddvd.so.$VERSION" "$LIBRARIES/libzuvo.so.$VERSION" \
+            "$LIBRARIES/pkgconfig/dtkhddvd.pc" "$LIBRARIES/cmake/dtkhddvd/dtkhddvdConfig.cmake" \
+            bin/dtk_demo bin/dtk_bench bin/test_dtkhd share/man/man1/dtk_demo.1 share/man/man1/dtk_bench.1 \
+            share/man/man1/test_dtkhd.1 share/man/man3/dtkhddvd.3 share/doc/dtkhddvd/examples/hello.c
+        for library in libdtkhddvd libzuvo; do
+            [ "$(readlink "$libraries/$library.so")" = "$library.so.${VERSION%%.*}" ] || wrong "no link for $library"
+        done
+        [ "$(pkg-config --modversion dtkhddvd)" = "$VERSION" ] || wrong "pkg-config tells another version"
+        ;;
+    c_user_with_pkg_config)
+        compile "$CC -std=c99 -Wall -Wextra -Werror" "$here/user.c"
+        "$work/user" "$headless" || wrong "draws something else"
+        ;;
+    cxx_user_with_pkg_config)
+        compile "$CXX" "$here/user.cpp"
+        "$work/user" "$headless" || wrong "draws something else"
+        ;;
+    users_with_cmake)
+        unset PKG_CONFIG_PATH
+        "$CMAKE" -S "$here/project" -B "$work/build" "-DCMAKE_PREFIX_PATH=$PREFIX" > "$work/log" 2>&1 &&
+            "$CMAKE" --build "$work/build" >> "$work/log" 2>&1 || wrong "does not build: $(cat "$work/log")"
+        "$work/build/c_user" "$headless" || wrong "the C user draws something else"
+        "$work/build/cxx_user" "$headless" || wrong "the C++ user draws something else"
+        ;;
+    examples_compile)
+        for source in "$PREFIX"/share/doc/dtkhddvd/examples/*.c; do
+            compile "$CC -Wall -Wextra -Werror" "$source"
+            mkdir "$work/$(basename "$source")"
+            "$work/user" "$headless" --dump "$work/$(basename "$source")" || wrong "fails: $source"
+            [ -n "$(ls "$work/$(basename "$source")")" ] || wrong "leaves no picture: $source"
+        done
+        ;;
+    programs_run)
+        "$PREFIX/bin/dtk_demo" --frames 2 --size 640x480 2> "$work/log" || wrong "dtk_demo: $(cat "$work/log")"
+        "$PREFIX/bin/dtk_bench" --duration 0.01 --size 64 2> "$work/log" || wrong "dtk_bench: $(cat "$work/log")"
+        ;;
+    cairo_is_found)
+        found=$(ldd "$libraries/libdtkhddvd.so" | sed -n 's/.*libcairo\.so\.2 => \(.*\) (0x.*/\1/p')
+        [ -n "$found" ] || wrong "no cairo at all"
+        [ -z "$CAIRO_PLACE" ] || [ "$(readlink -f "$found")" = "$(readlink -f "$PREFIX/$CAIRO_PLACE")" ] ||
+            wrong "another cairo: $found"
+        ;;
+    no_file_names_the_build)
+        for folder in "$BUILD" "$project" "$CAIRO_SOURCE"; do
+            [ -z "$CAIRO_PLACE" ] && [ "$folder" = "$CAIRO_SOURCE" ] && continue
+            # The installation itself may lie below the build directory, but no file says where.
+            ! grep -raFl -e "$folder/" "$PREFIX" || wrong "these files name $folder"
+        done
+        # Debugging information would name the folder that cairo was compiled in, which is gone by now.
+        [ -z "$CAIRO_PLACE" ] || ! readelf -SW "$PREFIX/$CAIRO_PLACE" | grep '\.debug_' || wrong "cairo is not stripped"
+        for file in "$libraries"/lib*.so.? "$PREFIX"/bin/*; do
+            readelf -d "$file" | sed -n 's/.*R.*PATH.*\[\(.*\)\]/\1/p' | tr : '\n' > "$work/paths"
+            # shellcheck disable=SC2016 # The loader expands it.
+            ! grep -v '^\$ORIGIN' "$work/paths" || wrong "a fixed path in $file"
+        done
+        ;;
+    *) wrong "no such case" ;;
+esac

@@ -1,0 +1,60 @@
+#include "command.h"
+
+#include <cstdio>
+#include <sstream>
+
+#include <png.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+Outcome run_command(const std::string& line, const std::string& environment)
+{
+    const std::string command = "LSAN_OPTIONS=\"suppressions='" LEAKS "':print_suppressions=0\" " + environment +
+                                " '" PROGRAMS "'/" + line;
+    FILE* pipe = popen(("{ " + command + "; } 2>&1").c_str(), "r");
+    if (!pipe)
+        return {-1, "cannot start the shell"};
+
+    Outcome outcome = {-1, ""};
+    char part[4096];
+    while (const std::size_t length = std::fread(part, 1, sizeof part, pipe))
+        outcome.output.append(part, length);
+    const int status = pclose(pipe);
+    if (WIFEXITED(status))
+        outcome.status = WEXITSTATUS(status);
+    return outcome;
+}
+
+std::vector<std::string> lines_of(const std::string& text)
+{
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+std::string temporary_file(const std::string& name)
+{
+    return testing::TempDir() + "dtk-" + std::to_string(getpid()) + "-" + name;
+}
+
+Picture read_png(const std::string& path)
+{
+    png_image image = {};
+    image.version = PNG_IMAGE_VERSION;
+    if (!png_image_begin_read_from_file(&image, path.c_str()))
+        return {};
+
+    image.format = PNG_FORMAT_RGB;
+    std::vector<std::uint8_t> bytes(PNG_IMAGE_SIZE(image));
+    if (!png_image_finish_read(&image, nullptr, bytes.data(), 0, nullptr))
+        return {};
+
+    Picture picture = {image.width, image.height, {}};
+    for (std::size_t i = 0; i < bytes.size(); i += 3)
+        picture.pixels.push_back(static_cast<std::uint32_t>(bytes[i] << 16 | bytes[i + 1] << 8 | bytes[i + 2]));
+    return picture;
+}

@@ -1,0 +1,68 @@
+#include <cstdio>
+#include <filesystem>
+#include <set>
+
+#include <gmock/gmock.h>
+
+#include "command.h"
+
+namespace {
+
+/// The picture that the gallery draws with @p arguments.
+Picture gallery(const std::string& arguments)
+{
+    const std::string file = temporary_file("gallery.png");
+    const Outcome outcome = run_command("gallery " + file + " " + arguments);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "");
+    const Picture picture = read_png(file);
+    std::remove(file.c_str());
+    return picture;
+}
+
+std::size_t different_colours(const Picture& picture)
+{
+    return std::set<std::uint32_t>(picture.pixels.begin(), picture.pixels.end()).size();
+}
+
+} // namespace
+
+TEST(Gallery, DrawsEveryMannerInSoftware)
+{
+    const Picture picture = gallery("software");
+    EXPECT_EQ(picture.width, 1078u);
+    EXPECT_EQ(picture.height, 702u);
+    EXPECT_GE(different_colours(picture), 16u);
+}
+
+TEST(Gallery, DrawsWithWhatThePlatformOffers)
+{
+    EXPECT_GE(different_colours(gallery("")), 16u);
+}
+
+TEST(Gallery, WithoutAnEngineHardwareFailsWithOneLine)
+{
+    const Outcome outcome = run_command("gallery " + temporary_file("none.png") + " hardware --zuvo:dtk=off");
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.output, "gallery: the platform has no drawing engine\n");
+}
+
+TEST(Gallery, MisuseExitsWith2AndOneLine)
+{
+    EXPECT_EQ(run_command("gallery").output, "gallery: usage: gallery FILE [software|hardware]\n");
+    EXPECT_EQ(run_command("gallery").status, 2);
+    EXPECT_EQ(run_command("gallery x.png firmware").output,
+              "gallery: the back end is software or hardware, not 'firmware'\n");
+    EXPECT_EQ(run_command("gallery x.png firmware").status, 2);
+}
+
+TEST(Hello, DumpsItsDrawingIntoADirectory)
+{
+    const std::filesystem::path directory = temporary_file("hello");
+    std::filesystem::create_directory(directory);
+    const Outcome outcome = run_command("hello --dfb:system=dummy,quiet,no-cursor " + directory.string());
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_TRUE(std::filesystem::exists(directory / "hello_0000.ppm.gz"));
+    std::filesystem::remove_all(directory);
+}

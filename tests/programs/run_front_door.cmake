@@ -1,0 +1,23 @@
+# ./run, case by case; the stand-ins of the script keep each case off the network.
+foreach(case
+    words_are_listed
+    unknown_word_is_refused
+    superfluous_option_is_refused
+    complete_machine_calls_no_apt
+    missing_packages_are_installed
+    user_installs_through_sudo
+    failing_apt_is_explained
+    cairo_is_built_once
+    unfetchable_cairo_is_explained
+    broken_try_is_replaced
+    two_runs_at_once_build_one_cairo
+    blank_in_cache_is_avoided
+    both_builds_are_tested
+    sanitizers_alone
+    failing_test_is_the_result
+    install_passes_the_prefix
+    demo_passes_options
+    clean_removes_the_build)
+  add_test(NAME run.${case} COMMAND ${CMAKE_CURRENT_LIST_DIR}/run_front_door.sh ${case})
+  set_tests_properties(run.${case} PROPERTIES LABELS programs TIMEOUT 60)
+endforeach()

@@ -1,0 +1,64 @@
+#include <directfb.h>
+#include <gmock/gmock.h>
+
+#include "command.h"
+
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+const char directfb_words[] = " --dfb:quiet,no-cursor";
+
+} // namespace
+
+TEST(TestDtkhd, StartsAndEndsThePlatformInOrder)
+{
+    const Outcome outcome = run_command(std::string("recorded_test_dtkhd 2>/dev/null") + directfb_words);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, R"(zuvo_init(4108)
+zuvo_display_open(1)
+zuvo_display_get(1)
+zuvo_display_set(1, format 0)
+zuvo_dfb_ext_open_with_params(6, 2 arguments)
+zuvo_dfb_ext_layer_open(7)
+zuvo_dfb_ext_layer_get(1)
+test_dtkhd on 1920 x 1080
+zuvo_dfb_ext_close()
+zuvo_display_close(1)
+zuvo_uninit()
+)");
+}
+
+TEST(TestDtkhd, LeavesADisplayOfAnotherFormatAsItIs)
+{
+    const Outcome outcome = run_command(std::string("recorded_test_dtkhd --zuvo:format=720") + directfb_words);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("zuvo_dfb_ext_layer_get(1)\nnot re-configured\ntest_dtkhd on 1280 x 720\n"));
+}
+
+TEST(TestDtkhd, ReportsWhyTheFramesEndedAndExitsWith0)
+{
+    const std::string busy = "DTK_FRAMES_RESULT=" + std::to_string(DFB_BUSY);
+    const Outcome outcome = run_command("recorded_test_dtkhd >/dev/null" + std::string(directfb_words), busy);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "--DirectFB Initialized--\nERROR!! The resource or device is busy\n");
+}
+
+TEST(TestDtkhd, WithoutDirectFBReportsAndTearsDown)
+{
+    const Outcome outcome = run_command("recorded_test_dtkhd --dfb:quiet,mode=banana");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, StartsWith("ERROR!! A general initialization error occured\n"));
+    EXPECT_THAT(outcome.output, EndsWith("zuvo_dfb_ext_open_with_params(6, 2 arguments)\n"
+                                         "zuvo_dfb_ext_close()\nzuvo_display_close(1)\nzuvo_uninit()\n"));
+}
+
+TEST(TestDtkhd, TheProgramDrawsFrames)
+{
+    const std::string line = "test_dtkhd" + std::string(directfb_words) + ",no-sighandler";
+    const Outcome outcome = run_command(line + " & sleep 1; kill $!");
+    EXPECT_THAT(outcome.output, StartsWith("--DirectFB Initialized--\n--Creating texture--\n--Creating toolkit--\n"
+                                           "--Creating pens--\n--lets begin--\n"));
+}

@@ -1,0 +1,98 @@
+#include "real/differential/expected.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace differential {
+namespace {
+
+int channel_distance(u32 one, u32 other, int shift)
+{
+    return std::abs(static_cast<int>(one >> shift & 255) - static_cast<int>(other >> shift & 255));
+}
+
+int distance(u32 one, u32 other)
+{
+    return std::max(
+        {channel_distance(one, other, 16), channel_distance(one, other, 8), channel_distance(one, other, 0)});
+}
+
+testing::AssertionResult are_close(const Picture& expected, const Picture& actual, int allowed)
+{
+    int count = 0;
+    std::size_t first = 0;
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        if (distance(expected[i], actual[i]) <= allowed)
+            continue;
+        if (!count++)
+            first = i;
+    }
+    if (!count)
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << count << " pixels differ, the first at (" << first % surface_width << ", "
+                                       << first / surface_width << "): expected " << std::hex << expected[first]
+                                       << ", drawn " << actual[first];
+}
+
+/// The software back end cannot draw an outline one pixel wide on RGB32.
+bool needs_argb(const Scene& scene)
+{
+    return scene.primitive == Primitive::ellipse && scene.has_stroke() && (!scene.pen || is_one_pixel(*scene.pen));
+}
+
+/// A thousand scenes of one kind; `allowed` is by how much a channel may differ.
+struct Series {
+    unsigned seed;
+    Variety variety;
+    int allowed;
+};
+
+void PrintTo(const Series& series, std::ostream* stream)
+{
+    *stream << "seed " << series.seed;
+}
+
+std::string name_of(const testing::TestParamInfo<Series>& info)
+{
+    return "Seed" + std::to_string(info.param.seed);
+}
+
+class BackEnds : public testing::TestWithParam<Series> {};
+
+TEST_P(BackEnds, DrawTheSamePicture)
+{
+    const Series series = GetParam();
+    Bench& bench = Bench::instance();
+    std::mt19937 random(series.seed);
+    int compared = 0;
+    for (int i = 0; i < 1000; ++i) {
+        Scene scene = random_scene(random, series.variety);
+        if (needs_argb(scene))
+            scene.target_format = DSPF_ARGB;
+
+        const Picture background = random_picture(random);
+        const auto expected = expected_picture(bench, scene, background);
+        const auto drawn = bench.draw(BackEnd::hardware, scene, background);
+        ASSERT_TRUE(drawn) << scene;
+        if (!expected)
+            continue;
+        ++compared;
+        ASSERT_TRUE(are_close(*expected, *drawn, series.allowed)) << "scene " << i << ": " << scene;
+    }
+    // What lies wholly outside, the software back end answers with a failure of DirectFB's.
+    EXPECT_GT(compared, 800);
+}
+
+constexpr Variety opaque = {false, false};
+constexpr Variety translucent = {true, false};
+constexpr Variety textured = {false, true};
+constexpr Variety translucent_and_textured = {true, true};
+
+INSTANTIATE_TEST_SUITE_P(Opaque, BackEnds, testing::Values(Series{1, opaque, 0}, Series{2, opaque, 0}), name_of);
+INSTANTIATE_TEST_SUITE_P(Translucent, BackEnds, testing::Values(Series{3, translucent, 1}, Series{4, translucent, 1}),
+                         name_of);
+INSTANTIATE_TEST_SUITE_P(Textured, BackEnds,
+                         testing::Values(Series{5, textured, 1}, Series{6, translucent_and_textured, 1}), name_of);
+
+} // namespace
+} // namespace differential

@@ -1,0 +1,150 @@
+/// Draws random scenes for a long time by both back ends and watches that memory does not grow and that equal seeds give
+/// equal pictures.
+#include "scene.h"
+
+#include "zuvo.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <getopt.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int width = 640;
+constexpr int height = 360;
+constexpr unsigned warm_up_scenes = 600;
+constexpr long allowed_growth = 1024;   // kB
+
+struct Options {
+    double minutes = 0;
+    unsigned scenes = 0;
+};
+
+struct World {
+    IDirectFB* dfb;
+    IDirectFBSurface* target;
+    IDirectFBSurface* texture;
+};
+
+[[noreturn]] void fail(const char* message)
+{
+    std::fprintf(stderr, "soak: %s\n", message);
+    std::exit(1);
+}
+
+Options read_options(int argc, char** argv)
+{
+    static const option names[] = {
+        {"minutes", required_argument, nullptr, 'm'}, {"scenes", required_argument, nullptr, 's'}, {}};
+    Options options;
+    for (int choice; (choice = getopt_long(argc, argv, "", names, nullptr)) != -1;) {
+        if (choice == 'm')
+            options.minutes = std::atof(optarg);
+        else if (choice == 's')
+            options.scenes = static_cast<unsigned>(std::atoi(optarg));
+    }
+    if (optind < argc || (options.minutes <= 0 && options.scenes == 0))
+        fail("usage: soak --minutes N | --scenes N");
+    return options;
+}
+
+IDirectFBSurface* make_surface(IDirectFB* dfb, int w, int h)
+{
+    DFBSurfaceDescription description = {};
+    description.flags = static_cast<DFBSurfaceDescriptionFlags>(DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT);
+    description.width = w;
+    description.height = h;
+    description.pixelformat = DSPF_ARGB;
+    IDirectFBSurface* surface = nullptr;
+    if (dfb->CreateSurface(dfb, &description, &surface))
+        fail("a surface cannot be made");
+    surface->Clear(surface, 0x30, 0x70, 0xc0, 0x90);
+    return surface;
+}
+
+World start()
+{
+    char program[] = "soak";
+    char words[] = "--dfb:system=dummy,quiet,no-cursor,no-sighandler,mode=640x360";
+    char* arguments[] = {program, words, nullptr};
+    char** argv = arguments;
+    int argc = 2;
+    zuvo_init(0);
+    IDirectFB* dfb = zuvo_dfb_ext_open_with_params(0, &argc, &argv);
+    if (!dfb)
+        fail("DirectFB does not start");
+    IDirectFBSurface* texture = make_surface(dfb, 15, 11);
+    texture->FillRectangle(texture, 3, 3, 6, 6);
+    return {dfb, make_surface(dfb, width, height), texture};
+}
+
+void stop(const World& world)
+{
+    world.texture->Release(world.texture);
+    world.target->Release(world.target);
+    world.dfb->Release(world.dfb);
+    zuvo_dfb_ext_close();
+    zuvo_uninit();
+}
+
+/// The memory that the process keeps in the machine, in kB.
+long resident()
+{
+    long pages = 0, resident_pages = 0;
+    std::FILE* file = std::fopen("/proc/self/statm", "r");
+    if (!file || std::fscanf(file, "%ld %ld", &pages, &resident_pages) != 2)
+        fail("/proc/self/statm cannot be read");
+    std::fclose(file);
+    return resident_pages * (sysconf(_SC_PAGESIZE) / 1024);
+}
+
+void draw_scenes(const World& world, bool has_engine, unsigned seed)
+{
+    if (has_engine)
+        zuvo_init(0);
+    else
+        zuvo_uninit();
+    const auto sum = soak::draw_scene(world.dfb, world.target, world.texture, seed);
+    if (sum == 0 || sum != soak::draw_scene(world.dfb, world.target, world.texture, seed))
+        fail("the same seed gave another picture");
+}
+
+class Clock {
+public:
+    double minutes() const
+    {
+        return std::chrono::duration<double, std::ratio<60>>(std::chrono::steady_clock::now() - start_).count();
+    }
+
+private:
+    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const Options options = read_options(argc, argv);
+    const World world = start();
+    const Clock clock;
+    long warm = 0, greatest = 0;
+    unsigned seed = 0;
+    while (seed < std::max(options.scenes, warm_up_scenes + 1) || clock.minutes() < options.minutes) {
+        draw_scenes(world, false, seed);
+        draw_scenes(world, true, seed);
+        greatest = std::max(greatest, resident());
+        if (++seed == warm_up_scenes)
+            warm = greatest;
+    }
+    stop(world);
+
+    std::printf("%u scenes, each twice by each back end, in %.1f minutes; %ld kB resident after %u scenes, at most %ld kB\n",
+                seed, clock.minutes(), warm, warm_up_scenes, greatest);
+    if (greatest > warm + allowed_growth)
+        fail("memory grew");
+    return 0;
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+namespace fake {
+
+/// Lets the n-th allocation that the library makes from now on fail; 1 is the next one, 0 lets all succeed.
+void fail_allocation(int n);
+
+/// Whether that allocation has been asked for.
+bool allocation_failed();
+
+} // namespace fake
