@@ -1,0 +1,12 @@
+#ifndef BENCH_ENGINE_SWITCH_H
+#define BENCH_ENGINE_SWITCH_H
+
+namespace bench {
+
+/// Shows the platform's drawing engine to the toolkit, or hides it. Pens answer in the manner of the platform, so the
+/// engine has to be hidden while a software toolkit draws.
+void show_engine(bool is_visible);
+
+} // namespace bench
+
+#endif

@@ -1,0 +1,16 @@
+#ifndef BENCH_FLOOR_ROWS_H
+#define BENCH_FLOOR_ROWS_H
+
+#include <cstdint>
+
+namespace bench {
+
+/// Compiled for the machine that it runs on, in plain loops: what any implementation would be glad to reach.
+/// Colours are premultiplied.
+void store_row(std::uint32_t* row, int width, std::uint32_t colour);
+void blend_row(std::uint32_t* row, int width, std::uint32_t colour);
+void blend_texture_row(std::uint32_t* row, int width, const std::uint32_t* source);
+
+} // namespace bench
+
+#endif

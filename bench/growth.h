@@ -1,0 +1,16 @@
+#ifndef BENCH_GROWTH_H
+#define BENCH_GROWTH_H
+
+#include "results.h"
+
+namespace bench {
+
+/// Every primitive at sizes from 10 to 1800 pixels. The names end with the size.
+std::vector<Item> growing_items();
+
+/// Fits the toolkit's times with `start + slope * pixels written` for each primitive, and prints how well that holds.
+void print_fits(const std::vector<Row>& rows);
+
+} // namespace bench
+
+#endif

@@ -1,0 +1,99 @@
+#include <cstdio>
+#include <exception>
+#include <regex>
+
+#include "contest.h"
+#include "floor.h"
+#include "growth.h"
+#include "options.h"
+#include "peers.h"
+#include "prescribed.h"
+#include "report.h"
+#include "toolkit_painter.h"
+
+using namespace bench;
+
+namespace {
+
+std::vector<Column> make_columns(IDirectFB* dfb, const Memory& memory)
+{
+    std::vector<Column> columns;
+    columns.push_back({floor_name, false, std::make_unique<Floor>(memory)});
+    columns.push_back({prescribed_name, false, std::make_unique<Prescribed>(dfb)});
+    columns.push_back({software_name, false, std::make_unique<ToolkitPainter>(dfb, tools::BackEnd::software)});
+    columns.push_back({engine_name, false, std::make_unique<ToolkitPainter>(dfb, tools::BackEnd::hardware)});
+    for (Column& column : make_peers(memory))
+        columns.push_back(std::move(column));
+    return columns;
+}
+
+std::vector<Item> wanted_items(const Options& options)
+{
+    const std::regex pattern(options.items);
+    std::vector<Item> items;
+    for (const Item& item : options.growth ? growing_items() : all_items()) {
+        if (std::regex_search(item.name, pattern))
+            items.push_back(item);
+    }
+    return items;
+}
+
+/// The memory of a DirectFB surface, locked for the floor and for the peers.
+Memory lock(IDirectFBSurface* surface)
+{
+    void* pixels = nullptr;
+    int pitch = 0;
+    tools::check(surface->Lock(surface, static_cast<DFBSurfaceLockFlags>(DSLF_READ | DSLF_WRITE), &pixels, &pitch),
+                 "cannot lock a surface");
+    return {static_cast<std::uint32_t*>(pixels), pitch / 4};
+}
+
+void report(const Options& options, const std::vector<Row>& rows, const Measurement& measurement)
+{
+    print_tables(rows);
+    if (options.growth)
+        print_fits(rows);
+    if (!options.csv.empty())
+        write_csv(options.csv, rows);
+    if (!options.json.empty())
+        write_json(options.json, measurement.runs());
+    if (!options.chart.empty())
+        draw_chart(options.growth ? BENCH_GROWTH_SCRIPT : BENCH_CHART_SCRIPT, options.csv, options.chart);
+}
+
+int measure(const Options& options)
+{
+    std::vector<std::string> words = {"--dfb:system=dummy"};
+    words.insert(words.end(), options.words.begin(), options.words.end());
+    const tools::Platform platform(picture_width, picture_height, tools::BackEnd::hardware, words);
+    std::printf("DirectFB %s a graphics driver. Not found: %s.\n", platform.is_accelerated() ? "with" : "without",
+                BENCH_MISSING_PEERS);
+    const auto shared = create_surface(platform.dfb(), picture_width, picture_height, DSCAPS_NONE);
+    Contest contest(make_columns(platform.dfb(), lock(shared.get())), options.columns);
+    Measurement measurement(options.seconds);
+
+    std::vector<Row> rows;
+    for (const Item& item : wanted_items(options)) {
+        rows.push_back(contest.run(item, measurement, options.repetitions));
+        std::fprintf(stderr, "%s\n", item.name.c_str());
+    }
+    report(options, rows, measurement);
+    return contest.failures() ? 1 : 0;
+}
+
+} // namespace
+
+/// The toolkit's library exports a main of its own, which this one stands before.
+int main(int argc, char** argv)
+{
+    try {
+        const Options options = parse_options(argc, argv);
+        if (!options.help)
+            return measure(options);
+        std::fputs(help_text, stdout);
+        return 0;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "dtk_bench: %s\n", failure.what());
+        return 1;
+    }
+}

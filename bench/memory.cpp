@@ -1,0 +1,75 @@
+// dtk_memory: which library allocates how much for a toolkit, for a pen, and for each drawing.
+
+#include <cstdio>
+#include <exception>
+
+#include "allocations.h"
+#include "engine_switch.h"
+#include "items.h"
+#include "toolkit_painter.h"
+
+using namespace bench;
+
+namespace {
+
+void print(const std::string& what, const AllocationsByLibrary& allocations)
+{
+    std::printf("%s\n", what.c_str());
+    for (const auto& [library, sum] : allocations)
+        std::printf("    %-28s %6ld allocations %10zu bytes\n", library.c_str(), sum.count, sum.bytes);
+}
+
+template <typename Action>
+AllocationsByLibrary count(Action&& action)
+{
+    start_counting();
+    action();
+    return stop_counting();
+}
+
+std::string title(tools::BackEnd back_end, const std::string& what)
+{
+    return (back_end == tools::BackEnd::hardware ? "engine, " : "software, ") + what;
+}
+
+void print_creations(IDirectFB* dfb, tools::BackEnd back_end)
+{
+    show_engine(back_end == tools::BackEnd::hardware);
+    const auto surface = create_surface(dfb, picture_width, picture_height, DSCAPS_NONE);
+    Owned<DTKHDDVD> toolkit;
+    Owned<DTKHDDVDPen> pen;
+    print(title(back_end, "creating a toolkit"), count([&] { toolkit = create_toolkit(dfb, surface.get(), back_end); }));
+    print(title(back_end, "creating a pen"), count([&] { pen = create_pen(toolkit.get(), 5, back_end); }));
+}
+
+void print_drawings(IDirectFB* dfb, tools::BackEnd back_end)
+{
+    ToolkitPainter painter(dfb, back_end);
+    for (const Item& item : all_items()) {
+        const Draw draw = painter.prepare({item.shape, {}, {}, 0});
+        // What the first drawing leaves behind for the others is no cost of a drawing.
+        draw();
+        draw();
+        print(title(back_end, item.name), count(draw));
+    }
+}
+
+} // namespace
+
+/// The toolkit's library exports a main of its own, which this one stands before.
+int main(int argc, char** argv)
+{
+    try {
+        std::vector<std::string> words = {"--dfb:system=dummy"};
+        words.insert(words.end(), argv + 1, argv + argc);
+        const tools::Platform platform(picture_width, picture_height, tools::BackEnd::hardware, words);
+        for (const auto back_end : {tools::BackEnd::software, tools::BackEnd::hardware}) {
+            print_creations(platform.dfb(), back_end);
+            print_drawings(platform.dfb(), back_end);
+        }
+        return 0;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "dtk_memory: %s\n", failure.what());
+        return 1;
+    }
+}

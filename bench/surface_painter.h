@@ -1,0 +1,37 @@
+#ifndef BENCH_SURFACE_PAINTER_H
+#define BENCH_SURFACE_PAINTER_H
+
+#include <directfb.h>
+
+#include "painter.h"
+#include "platform.h"
+
+namespace bench {
+
+template <typename Interface>
+using Owned = tools::Owned<Interface>;
+
+/// A new DSPF_ARGB surface.
+Owned<IDirectFBSurface> create_surface(IDirectFB* dfb, int width, int height, DFBSurfaceCapabilities capabilities);
+
+/// A surface with the texture of the patterned shapes.
+Owned<IDirectFBSurface> create_texture(IDirectFB* dfb);
+
+/// Paints onto a DirectFB surface of its own.
+class SurfacePainter : public Painter {
+public:
+    explicit SurfacePainter(IDirectFB* dfb);
+
+    void clear() override;
+    Picture picture() override;
+
+protected:
+    IDirectFBSurface* surface() const { return surface_.get(); }
+
+private:
+    Owned<IDirectFBSurface> surface_;
+};
+
+} // namespace bench
+
+#endif
