@@ -17,6 +17,22 @@ void set_colour(IDirectFBSurface* surface, Colour colour)
                       static_cast<u8>(blue(colour)), static_cast<u8>(alpha(colour)));
 }
 
+/// The thin outline's points in the order in which they are stored, which is that of a pen's stamps.
+std::vector<std::ptrdiff_t> outline_places(IDirectFBSurface* surface, IDirectFBSurface* pen, Shape shape)
+{
+    shape.box = {shape.box.x + 1, shape.box.y + 1, shape.box.w - 2, shape.box.h - 2};
+    const int words_per_row = pitch_of(surface) / 4;
+    int width = 0, height = 0;
+    pen->GetSize(pen, &width, &height);
+
+    std::vector<std::ptrdiff_t> list;
+    for (const Stamps& stamps : record_stamps(surface, pen, shape)) {
+        for (const DFBPoint& point : stamps.points)
+            list.push_back(static_cast<std::ptrdiff_t>(point.y + height / 2) * words_per_row + point.x + width / 2);
+    }
+    return list;
+}
+
 /// Clears a surface, records the ellipse's block, and reads back which pixels lie outside of it.
 std::vector<Run> spans_around_block(IDirectFBSurface* surface, const DFBRectangle& box, DFBRectangle& ret_block)
 {
@@ -62,11 +78,7 @@ Draw Prescribed::thin_ellipse(const Task& task) const
 {
     IDirectFBSurface* surface = target_.get();
     IDirectFBSurface* scratch = scratch_.get();
-    std::vector<std::ptrdiff_t> points;
-    for (const Place& place : places(task.runs, pitch_of(surface))) {
-        for (int i = 0; i < place.width; ++i)
-            points.push_back(place.offset + i);
-    }
+    const auto points = outline_places(surface, pen_.get(), task.shape);
     return [=] {
         DFBSurfacePixelFormat format;
         scratch->GetPixelFormat(scratch, &format);

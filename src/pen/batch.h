@@ -7,28 +7,51 @@ namespace dtk {
 
 /// Stamps a pen's picture, centred on one point after the other, and sends 64 stamps with each BatchBlit.
 ///
-/// It fills the process-wide batch, so there is one at a time. A failed blit does not end the stamping.
+/// It fills the process-wide batch, so there is one at a time. A failed blit does not end the stamping. How many stamps
+/// wait is kept here and not in the batch, which lets the compiler hold it in a register.
 class StampBatch {
 public:
-    StampBatch(IDirectFBSurface* dest, IDirectFBSurface* pen_surface);
+    StampBatch(IDirectFBSurface* dest, IDirectFBSurface* pen_surface) : start_(start(dest, pen_surface)), result_(start_.result) {}
 
     void add(int x, int y)
     {
-        batch_rectangles[batch_n_blits] = batch_source_rect;
-        batch_points[batch_n_blits] = {x - half_width_, y - half_height_};
-        if (++batch_n_blits == DTKHDDVD_BATCH_SIZE)
-            send();
+        put(x, y);
+        send_if_full();
+    }
+
+    /// For those who add nothing but pairs: two stamps, with one look at whether the batch is full.
+    void add_pair(int x1, int y1, int x2, int y2)
+    {
+        put(x1, y1);
+        put(x2, y2);
+        send_if_full();
     }
 
     /// Sends what is left. The result is that of the last DirectFB call.
-    DFBResult finish();
+    DFBResult finish() { return count_ ? send(count_) : result_; }
 
 private:
-    void send();
+    struct Start {
+        int half_width, half_height;
+        DFBResult result;
+    };
 
-    int half_width_ = 0;
-    int half_height_ = 0;
+    static Start start(IDirectFBSurface* dest, IDirectFBSurface* pen_surface);
+    static DFBResult send(int count);
+
+    void put(int x, int y) { batch_points[count_++] = {x - start_.half_width, y - start_.half_height}; }
+
+    void send_if_full()
+    {
+        if (count_ == DTKHDDVD_BATCH_SIZE) {
+            result_ = send(DTKHDDVD_BATCH_SIZE);
+            count_ = 0;
+        }
+    }
+
+    Start start_;
     DFBResult result_;
+    int count_ = 0;
 };
 
 } // namespace dtk

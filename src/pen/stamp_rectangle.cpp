@@ -8,12 +8,10 @@ DFBResult stamp_rectangle(IDirectFBSurface* dest, const DFBRectangle* rect, IDir
     dtk::StampBatch batch(dest, pen_surface);
 
     for (int column = 0; column < rect->w; ++column) {
-        batch.add(rect->x + column, rect->y);
-        batch.add(rect->x + column, bottom);
+        batch.add_pair(rect->x + column, rect->y, rect->x + column, bottom);
     }
     for (int row = 0; row < rect->h; ++row) {
-        batch.add(rect->x, rect->y + row);
-        batch.add(right, rect->y + row);
+        batch.add_pair(rect->x, rect->y + row, right, rect->y + row);
     }
     return batch.finish();
 }

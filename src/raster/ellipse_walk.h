@@ -12,6 +12,38 @@ struct QuarterEllipse {
     long long start; ///< Twice the distance of the walk's first row from the centre.
 };
 
+/// A multiple of a square, which steps up by a fixed multiple of it. It multiplies anew each time, because sums of doubles
+/// would be rounded in another way.
+template <typename Number>
+class Term {
+public:
+    Term(long long factor, long long step, Number square) : factor_(factor), step_(step), square_(square) {}
+
+    Number value() const { return static_cast<Number>(factor_) * square_; }
+    Number value_if(bool holds) const { return holds ? value() : static_cast<Number>(0); }
+    void step() { factor_ += step_; }
+    void step_if(bool holds) { factor_ += holds ? step_ : 0; }
+
+private:
+    long long factor_, step_;
+    Number square_;
+};
+
+/// Integers carry the product along. Conditions become masks, because no processor could foretell them.
+template <>
+class Term<long long> {
+public:
+    Term(long long factor, long long step, long long square) : value_(factor * square), step_(step * square) {}
+
+    long long value() const { return value_; }
+    long long value_if(bool holds) const { return value_ & -static_cast<long long>(holds); }
+    void step() { value_ += step_; }
+    void step_if(bool holds) { value_ += step_ & -static_cast<long long>(holds); }
+
+private:
+    long long value_, step_;
+};
+
 /// Walks a quarter ellipse. `Number` is what the decision value is computed in.
 ///
 /// From the pole x grows by one pixel a step while the outline is flat, and `flat(x, rows, turned)` is called after each
@@ -28,28 +60,32 @@ void walk_quarter_in(const QuarterEllipse& quarter, Flat&& flat, Steep&& steep)
     const auto height = static_cast<Number>(quarter.height);
     const Number a2 = width * width;
     const Number b2 = height * height;
-    const Number none = 0;
     const auto times = [](long long factor, Number value) { return static_cast<Number>(factor) * value; };
     long long x = 0, y = quarter.start, rows = 0;
 
     Number d = 4 * b2 - 2 * (a2 * height) + a2;
-    while (times(y - 1, a2) > 2 * times(x + 1, b2)) {
+    Term<Number> fall(y - 1, -2, a2), run(2, 2, b2), east(12, 8, b2), south(4 * (2 - y), 8, a2);
+    while (fall.value() > run.value()) {
         const bool turns = d >= 0;
-        const Number south = 4 * times(2 - y, a2);
-        d += 4 * times(2 * x + 3, b2) + (turns ? south : none);
+        d += east.value() + south.value_if(turns);
+        fall.step_if(turns);
+        run.step();
+        east.step();
+        south.step_if(turns);
         ++x;
-        y -= turns ? 2 : 0;
         rows += turns;
         flat(x, rows, turns);
     }
 
+    y -= 2 * rows;
     d = times(2 * x + 1, times(2 * x + 1, b2)) + times(y - 2, times(y - 2, a2)) - a2 * b2;
-    while (y > 0) {
+    Term<Number> widening(8 * (x + 1), 8, b2), narrowing(4 * (3 - y), 8, a2);
+    for (; y > 0; y -= 2) {
         const bool widens = d < 0;
-        const Number east = 4 * times(2 * x + 2, b2);
-        d += (widens ? east : none) + 4 * times(3 - y, a2);
+        d += widening.value_if(widens) + narrowing.value();
+        widening.step_if(widens);
+        narrowing.step();
         x += widens;
-        y -= 2;
         ++rows;
         steep(x, rows);
     }
@@ -73,26 +109,19 @@ void walk_quarter(const QuarterEllipse& quarter, Flat&& flat, Steep&& steep)
         walk_quarter_in<double>(quarter, flat, steep);
 }
 
-/// Walks the whole outline of the ellipse inside a box. Centre and points are whole pixels.
+/// Walks the whole outline of the ellipse inside a box, whose centre is (box.x + box.w / 2, box.y + box.h / 2).
 ///
-/// Calls `visit_pole(x, y)` for the lower and the upper pole, then `visit(right, left, lower, upper)` for each step: the
-/// two columns and the two rows of four mirrored points. In the last step both rows are the middle one.
-template <typename VisitPole, typename Visit>
-void walk_ellipse(const DFBRectangle& rect, VisitPole&& visit_pole, Visit&& visit)
+/// Calls `visit_poles(y)` for the two points on the centre's column, then `visit(x, y)` for each step: the distances of four
+/// mirrored points from the centre's column and row. In the last step y is 0.
+template <typename VisitPoles, typename Visit>
+void walk_ellipse(const DFBRectangle& box, VisitPoles&& visit_poles, Visit&& visit)
 {
-    const int cx = rect.x + rect.w / 2;
-    const int cy = rect.y + rect.h / 2;
-    const int pole = rect.h / 2;
-    const auto visit_points = [&](long long column, long long rows) {
-        const int x = static_cast<int>(column);
-        const int y = pole - static_cast<int>(rows);
-        visit(cx + x, cx - x, cy + y, cy - y);
-    };
+    const int pole = box.h / 2;
+    const auto visit_points = [&](long long x, long long rows) { visit(static_cast<int>(x), pole - static_cast<int>(rows)); };
 
-    visit_pole(cx, cy + pole);
-    visit_pole(cx, cy - pole);
+    visit_poles(pole);
     // For an odd height the first row is nearer to the centre than the half axis is long.
-    walk_quarter({rect.w, rect.h, 2LL * pole}, [&](long long x, long long rows, bool) { visit_points(x, rows); },
+    walk_quarter({box.w, box.h, 2LL * pole}, [&](long long x, long long rows, bool) { visit_points(x, rows); },
                  visit_points);
 }
 

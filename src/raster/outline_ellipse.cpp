@@ -10,22 +10,53 @@ using namespace dtk;
 
 namespace {
 
-/// Stores one colour into the pixels of a locked surface.
-class PixelWriter {
+/// The rows and columns of a locked surface, seen from the centre of an ellipse.
+class CentredPixels {
 public:
-    PixelWriter(void* pixels, int pitch, u32 color) : pixels_(static_cast<u32*>(pixels)), pitch_(pitch), color_(color) {}
+    CentredPixels(void* pixels, int pitch, const DFBRectangle& box)
+        : pitch_(pitch), cx_(box.x + box.w / 2), cy_(box.y + box.h / 2), centre_row_(cy_ * pitch_),
+          pixels_(static_cast<u32*>(pixels) + cx_)
+    {
+    }
 
-    void store(int x, int y) const { pixels_[static_cast<std::ptrdiff_t>(y) * pitch_ / 4 + x] = color_; }
+    void store_all(int x, int y, u32 color) const
+    {
+        const std::ptrdiff_t rows = y * pitch_;
+        u32* const lower = middle_of(rows);
+        u32* const upper = middle_of(-rows);
+        lower[x] = color;
+        upper[x] = color;
+        lower[-x] = color;
+        upper[-x] = color;
+    }
+
+    [[gnu::noinline]] void store_inside(DFBDimension size, int x, int y, u32 color) const
+    {
+        store_one_inside(size, x, y, color);
+        store_one_inside(size, x, -y, color);
+        store_one_inside(size, -x, y, color);
+        store_one_inside(size, -x, -y, color);
+    }
 
 private:
+    /// The pixel of the centre's column in a row as many bytes below the centre.
+    u32* middle_of(std::ptrdiff_t rows) const { return pixels_ + ((centre_row_ + rows) >> 2); }
+
+    static bool is_within(std::ptrdiff_t position, int size) { return position >= 0 && position < size; }
+
+    void store_one_inside(DFBDimension size, int x, int y, u32 color) const
+    {
+        if (is_within(cx_ + x, size.w) && is_within(cy_ + y, size.h))
+            middle_of(y * pitch_)[x] = color;
+    }
+
+    std::ptrdiff_t pitch_, cx_, cy_, centre_row_;
     u32* pixels_;
-    std::ptrdiff_t pitch_;
-    u32 color_;
 };
 
-/// Stores the outline's pixels for which `is_wanted(x, y)` holds.
-template <typename Predicate>
-DFBResult draw_outline(IDirectFBSurface* dest, const DFBRectangle& rect, u32 color, Predicate&& is_wanted)
+/// Calls `store(pixels, x, y)` for each pair of distances from the centre at which four of the outline's pixels lie.
+template <typename Store>
+DFBResult draw_outline(IDirectFBSurface* dest, const DFBRectangle& rect, Store&& store)
 {
     DFBSurfacePixelFormat format = DSPF_UNKNOWN;
     if (DFBResult result = dest->GetPixelFormat(dest, &format))
@@ -38,21 +69,10 @@ DFBResult draw_outline(IDirectFBSurface* dest, const DFBRectangle& rect, u32 col
     void* pixels = nullptr;
     int pitch = 0;
     dest->Lock(dest, DSLF_WRITE, &pixels, &pitch);
-
-    const PixelWriter writer(pixels, pitch, color);
-    const auto plot = [&](int x, int y) {
-        if (is_wanted(x, y))
-            writer.store(x, y);
-    };
-    const auto plot_four = [&](int right, int left, int lower, int upper) {
-        plot(right, lower);
-        plot(right, upper);
-        plot(left, lower);
-        plot(left, upper);
-    };
-    if (pixels)
-        walk_ellipse(rect, plot, plot_four);
-
+    if (pixels) {
+        const CentredPixels centred(pixels, pitch, rect);
+        walk_ellipse(rect, [&](int pole) { store(centred, 0, pole); }, [&](int x, int y) { store(centred, x, y); });
+    }
     dest->Unlock(dest);
     return result::ok;
 }
@@ -77,13 +97,12 @@ bool outline_fits(const DFBRectangle& rect, DFBDimension size)
 
 DFBResult outline_ellipse_clipped(IDirectFBSurface* dest, const DFBRectangle& rect, DFBDimension size, u32 color)
 {
-    return draw_outline(dest, rect, color,
-                        [=](int x, int y) { return x >= 0 && x < size.w && y >= 0 && y < size.h; });
+    return draw_outline(dest, rect, [=](const CentredPixels& pixels, int x, int y) { pixels.store_inside(size, x, y, color); });
 }
 
 } // namespace dtk
 
 DFBResult outline_ellipse_argb(IDirectFBSurface* dest, const DFBRectangle* rect, u32 color)
 {
-    return draw_outline(dest, *rect, color, [](int, int) { return true; });
+    return draw_outline(dest, *rect, [=](const CentredPixels& pixels, int x, int y) { pixels.store_all(x, y, color); });
 }

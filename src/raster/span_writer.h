@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 
 namespace dtk {
 
@@ -19,32 +20,55 @@ public:
         : pixels_(static_cast<Pixel*>(pixels)), pitch_(pitch), value_(value), left_(clip.x), top_(clip.y),
           right_(static_cast<long long>(clip.x) + clip.w), bottom_(static_cast<long long>(clip.y) + clip.h)
     {
+        std::fill(block_.pixels, block_.pixels + per_block, value);
     }
 
     /// Writes the same columns of two mirrored rows, the lower one first. One copy of it is fast enough for all callers.
     [[gnu::noinline]] void write_rows(long long lower, long long upper, long long left, long long width) const
     {
         const long long first = std::max(left, left_);
-        const long long end = std::min(left + width, right_);
-        if (first >= end || !pixels_)
+        const long long count = std::min(left + width, right_) - first;
+        if (count <= 0 || !pixels_)
             return;
-        write_row(lower, first, end);
-        write_row(upper, first, end);
+        if (is_visible(lower))
+            store(address(lower, first), count);
+        if (is_visible(upper))
+            store(address(upper, first), count);
     }
 
 private:
-    void write_row(long long row, long long first, long long end) const
+    static constexpr int per_block = 16 / sizeof(Pixel);
+    struct Block {
+        Pixel pixels[per_block];
+    };
+
+    bool is_visible(long long row) const { return row >= top_ && row < bottom_; }
+
+    Pixel* address(long long row, long long column) const
     {
-        if (row < top_ || row >= bottom_)
+        constexpr int bytes_to_pixels = sizeof(Pixel) == 4 ? 2 : 0;
+        return pixels_ + (static_cast<std::ptrdiff_t>(row) * pitch_ >> bytes_to_pixels) +
+               static_cast<std::ptrdiff_t>(column);
+    }
+
+    /// Stores whole blocks, the last of which may overlap the one before it.
+    void store(Pixel* pixels, long long count) const
+    {
+        if (count < per_block) {
+            for (int i = 0; i < count; ++i)
+                pixels[i] = value_;
             return;
-        const auto start = static_cast<std::ptrdiff_t>(row) * pitch_ / static_cast<std::ptrdiff_t>(sizeof(Pixel));
-        std::fill(pixels_ + start + static_cast<std::ptrdiff_t>(first), pixels_ + start + static_cast<std::ptrdiff_t>(end),
-                  value_);
+        }
+        Pixel* const last = pixels + count - per_block;
+        for (; pixels < last; pixels += per_block)
+            std::memcpy(pixels, &block_, sizeof block_);
+        std::memcpy(last, &block_, sizeof block_);
     }
 
     Pixel* pixels_;
     std::ptrdiff_t pitch_;
     Pixel value_;
+    Block block_;
     long long left_, top_, right_, bottom_;
 };
 

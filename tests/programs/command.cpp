@@ -11,8 +11,7 @@
 
 Outcome run_command(const std::string& line, const std::string& environment)
 {
-    const std::string command = "LSAN_OPTIONS=\"suppressions='" LEAKS "':print_suppressions=0\" " + environment +
-                                " '" PROGRAMS "'/" + line;
+    const std::string command = environment + " '" PROGRAMS "'/" + line;
     FILE* pipe = popen(("{ " + command + "; } 2>&1").c_str(), "r");
     if (!pipe)
         return {-1, "cannot start the shell"};
@@ -57,4 +56,19 @@ Picture read_png(const std::string& path)
     for (std::size_t i = 0; i < bytes.size(); i += 3)
         picture.pixels.push_back(static_cast<std::uint32_t>(bytes[i] << 16 | bytes[i + 1] << 8 | bytes[i + 2]));
     return picture;
+}
+
+void write_png(const std::string& path, const Picture& picture)
+{
+    std::vector<std::uint8_t> bytes;
+    for (const std::uint32_t pixel : picture.pixels) {
+        for (const int shift : {16, 8, 0})
+            bytes.push_back(static_cast<std::uint8_t>(pixel >> shift));
+    }
+    png_image image = {};
+    image.version = PNG_IMAGE_VERSION;
+    image.width = picture.width;
+    image.height = picture.height;
+    image.format = PNG_FORMAT_RGB;
+    EXPECT_TRUE(png_image_write_to_file(&image, path.c_str(), 0, bytes.data(), 0, nullptr)) << path;
 }

@@ -35,6 +35,8 @@ struct Quarter {
 /// Mirrors a quarter into the rows that the path keeps.
 void add_quarters(RowPath& path, const Quarter& quarter, int cx, int cy)
 {
+    path.turns_once = true;
+    path.turn = cy;
     for (int row = path.top; row < path.bottom; ++row) {
         const int i = std::abs(row - cy);
         path.set_run(left_chain, row, cx - quarter.last[i], cx - quarter.first[i]);
@@ -50,12 +52,9 @@ bool walk_quarter(RowPath& path, Buffer<int>& memory, const DFBRectangle& rect)
     const Quarter quarter = {memory.items, memory.items + height, height};
     std::fill_n(quarter.first, height, far_away);
 
-    const int cx = rect.x + rect.w / 2;
-    const int cy = rect.y + rect.h / 2;
     dtk::walk_ellipse(
-        rect, [&quarter, height](int, int) { quarter.add(0, height - 1); },
-        [&quarter, cx, cy](int right, int, int lower, int) { quarter.add(right - cx, lower - cy); });
-    add_quarters(path, quarter, cx, cy);
+        rect, [&quarter](int pole) { quarter.add(0, pole); }, [&quarter](int x, int y) { quarter.add(x, y); });
+    add_quarters(path, quarter, rect.x + rect.w / 2, rect.y + rect.h / 2);
     return true;
 }
 
