@@ -1,5 +1,6 @@
 #include "hardware/engine.h"
 #include "toolkit/report.h"
+#include "toolkit/trace.h"
 
 using namespace dtk;
 
@@ -25,5 +26,6 @@ DFBResult DTKHDDVD_Line_HW(DTKHDDVD* thiz, int x1, int y1, int x2, int y2)
 {
     if (!thiz)
         return result::thiz_null;
+    trace("DTKHDDVD_Line", *thiz->priv, DTKHDDVD_STROKE);
     return report("DTKHDDVD_Line", draw_line(*thiz->priv, x1, y1, x2, y2));
 }

@@ -1,5 +1,6 @@
 #include "hardware/engine.h"
 #include "toolkit/report.h"
+#include "toolkit/trace.h"
 
 #include <algorithm>
 
@@ -83,5 +84,6 @@ DFBResult DTKHDDVD_Polygon_HW(DTKHDDVD* thiz, const DFBPoint* points, u32 num_po
 {
     if (!thiz)
         return result::thiz_null;
+    trace("DTKHDDVD_Polygon", *thiz->priv, flags);
     return report("DTKHDDVD_Polygon", draw_polygon(*thiz->priv, points, num_points, closed != 0, flags));
 }

@@ -1,5 +1,6 @@
 #include "hardware/engine.h"
 #include "toolkit/report.h"
+#include "toolkit/trace.h"
 
 using namespace dtk;
 
@@ -18,6 +19,7 @@ DFBResult DTKHDDVD_Rectangle_HW(DTKHDDVD* thiz, const DFBRectangle* rect, u32 fl
 {
     if (!thiz)
         return result::thiz_null;
+    trace("DTKHDDVD_Rectangle", *thiz->priv, flags);
     const BoxPrimitive rectangle = {rectangle_messages, zuvo_dtk_draw_rectangle, zuvo_dtk_draw_rectangle_border};
     wait_unless_blending(*thiz->priv, flags);
     return report("DTKHDDVD_Rectangle", draw_box(*thiz->priv, rectangle, rect, flags));

@@ -36,7 +36,7 @@ void renew_context(const DTKHDDVD_data& toolkit, const Canvas& canvas)
 
 Canvas choose_canvas(DTKHDDVD_data& toolkit, u32 flags)
 {
-    if (toolkit.use_scratch_pad && needs_blending(toolkit, flags, toolkit.fill_pattern))
+    if (uses_scratch_pad(toolkit, flags))
         return {toolkit.scratch, toolkit.scratch_cr, toolkit.scratch_cairo_surface, true, {}};
     return {toolkit.target, toolkit.target_cr, toolkit.target_cairo_surface, false, {}};
 }

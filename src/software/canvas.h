@@ -15,7 +15,7 @@ struct Canvas {
     DFBRectangle dirty;                 ///< Covers what was drawn into the scratch pad.
 };
 
-/// Chooses the scratch pad, if there is one, for whatever is translucent or patterned.
+/// Chooses between the scratch pad and the target.
 Canvas choose_canvas(DTKHDDVD_data& toolkit, u32 flags);
 
 /// Ends a primitive: what went into the scratch pad is blended onto the target.

@@ -1,6 +1,7 @@
 #include "raster/outline_ellipse.h"
 #include "software/canvas.h"
 #include "toolkit/report.h"
+#include "toolkit/trace.h"
 
 using namespace dtk;
 
@@ -108,5 +109,6 @@ DFBResult DTKHDDVD_Ellipse_SW(DTKHDDVD* thiz, const DFBRectangle* rect, u32 flag
 {
     if (!thiz)
         return result::thiz_null;
+    trace("DTKHDDVD_Ellipse", *thiz->priv, flags);
     return report("DTKHDDVD_Ellipse", draw_ellipse(*thiz->priv, rect, flags));
 }

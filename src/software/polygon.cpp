@@ -1,5 +1,6 @@
 #include "software/canvas.h"
 #include "toolkit/report.h"
+#include "toolkit/trace.h"
 
 #include <algorithm>
 
@@ -29,7 +30,7 @@ DFBRectangle covering(const DFBRegion& box)
     return {box.x1, box.y1, box.x2 - box.x1 + 1, box.y2 - box.y1 + 1};
 }
 
-void trace(const Polygon& polygon, cairo_t* context)
+void add_path(const Polygon& polygon, cairo_t* context)
 {
     cairo_move_to(context, polygon.points[0].x, polygon.points[0].y);
     for (u32 i = 1; i < polygon.num_points; ++i)
@@ -50,7 +51,7 @@ DFBResult fill(DTKHDDVD_data& toolkit, const Polygon& polygon, const DFBRegion& 
     if (!canvas.context)
         return result::failure;
     canvas.dirty = covering(box);
-    trace(polygon, canvas.context);
+    add_path(polygon, canvas.context);
     if (toolkit.fill_pattern)
         set_pattern_source(toolkit, canvas, box.x1, box.y1);
     else
@@ -120,5 +121,6 @@ DFBResult DTKHDDVD_Polygon_SW(DTKHDDVD* thiz, const DFBPoint* points, u32 num_po
 {
     if (!thiz)
         return result::thiz_null;
+    trace("DTKHDDVD_Polygon", *thiz->priv, flags);
     return report("DTKHDDVD_Polygon", draw_polygon(*thiz->priv, {points, num_points, closed != 0}, flags));
 }

@@ -1,5 +1,6 @@
 #include "software/canvas.h"
 #include "toolkit/report.h"
+#include "toolkit/trace.h"
 
 using namespace dtk;
 
@@ -88,5 +89,6 @@ DFBResult DTKHDDVD_Rectangle_SW(DTKHDDVD* thiz, const DFBRectangle* rect, u32 fl
 {
     if (!thiz)
         return result::thiz_null;
+    trace("DTKHDDVD_Rectangle", *thiz->priv, flags);
     return report("DTKHDDVD_Rectangle", draw_rectangle(*thiz->priv, rect, flags));
 }

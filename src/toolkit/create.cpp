@@ -1,6 +1,7 @@
 #include "toolkit/create.h"
 
 #include "toolkit/scratch_pad.h"
+#include "toolkit/trace.h"
 
 #include <cstdio>
 
@@ -51,6 +52,7 @@ void initialize(DTKHDDVD_data& toolkit, IDirectFB* dfb, u8 use_scratch_pad)
     toolkit.palette[fill_index] = {255, 255, 255, 255};
     toolkit.palette[key_index] = {0, 0, 0, 0};
     toolkit.dfb = dfb;
+    configure_tracing();
 }
 
 DFBResult abandon(DTKHDDVD* toolkit, DTKHDDVD** ret_interface, DFBResult result)

@@ -19,6 +19,12 @@ inline bool needs_blending(const DTKHDDVD_data& toolkit, u32 flags, bool has_pat
     return ((flags & DTKHDDVD_FILL) && fill_blends) || ((flags & DTKHDDVD_STROKE) && stroke_blends);
 }
 
+/// Whether the software back end draws in the scratch pad, which it does with whatever is translucent or patterned.
+inline bool uses_scratch_pad(const DTKHDDVD_data& toolkit, u32 flags)
+{
+    return toolkit.use_scratch_pad && needs_blending(toolkit, flags, toolkit.fill_pattern);
+}
+
 /// A colour as rasterisers and engine take it, 0xAARRGGBB.
 inline u32 color_word(const DFBColor& color)
 {
