@@ -41,7 +41,7 @@ const Phase phases[] = {
 std::map<std::string, std::vector<int>> times;
 int frames_left = 0;
 
-/// Takes the place of the surface's Flip: the frame before it is complete. A failure ends the program after the last one.
+/// Takes the place of the surface's Flip: the frame before it is complete. A failure ends it after the last one.
 DFBResult keep_times(IDirectFBSurface*, const DFBRegion*, DFBSurfaceFlipFlags)
 {
     int drawing = 0;

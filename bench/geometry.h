@@ -20,7 +20,7 @@ struct WholeEllipse {
 
 WholeEllipse whole_ellipse(const Task& task);
 
-/// The width of a round stroke with as many pixels as the task has. A square pen leaves more on a slope than it is wide.
+/// The width of a round stroke with as many pixels as the task has. On a slope a square pen leaves more than its width.
 double stroke_width(const Task& task);
 
 } // namespace bench

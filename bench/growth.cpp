@@ -92,8 +92,8 @@ void print_fits_of(const std::vector<Row>& rows, const char* column)
         if (const Cell* cell = row.find(column))
             samples[without_size(row.item.name)].push_back({static_cast<double>(row.pixels), cell->nanoseconds});
     }
-    std::printf("\n%s: time = start + slope * pixels, exponent over the larger half\n%-27s %12s %14s %18s %10s\n", column, "primitive",
-                "start, ns", "ns per pixel", "worst deviation", "exponent");
+    std::printf("\n%s: time = start + slope * pixels, exponent over the larger half\n%-27s %12s %14s %18s %10s\n", column,
+                "primitive", "start, ns", "ns per pixel", "worst deviation", "exponent");
     for (const auto& [name, list] : samples) {
         if (list.size() < 3)
             continue;

@@ -101,7 +101,8 @@ std::vector<Item> all_items()
     items.push_back(polygon("polygon opaque 12 points", Paint::opaque, 12, 1.03, 1.5));
     items.push_back(polygon("polygon alpha 3 points", Paint::translucent, 3, 1.02, 1.2));
     items.push_back(polygon("polygon alpha 12 points", Paint::translucent, 12, 1.02, 1.2));
-    items.push_back(boxed("textured rectangle", Figure::rectangle, Style::filled, Paint::textured, 400, 400, 1.02, 1.2));
+    items.push_back(
+        boxed("textured rectangle", Figure::rectangle, Style::filled, Paint::textured, 400, 400, 1.02, 1.2));
     items.push_back(boxed("textured ellipse", Figure::ellipse, Style::filled, Paint::textured, 400, 400, 1.02, 1.4));
     items.push_back(polygon("textured polygon", Paint::textured, 3, 1.02, 1.5));
     return items;

@@ -14,7 +14,7 @@ struct CairoDestroyer {
     void operator()(cairo_pattern_t* pattern) const { cairo_pattern_destroy(pattern); }
 };
 
-/// Makes the DirectFB and cairo calls that the software back end has to make for a shape, and its stores, in their order
+/// Makes the DirectFB and cairo calls that the software back end has to make for a shape, and its stores, in order
 /// and without anything of the toolkit: walks and points are computed beforehand.
 class Prescribed : public SurfacePainter {
 public:

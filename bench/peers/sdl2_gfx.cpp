@@ -26,7 +26,7 @@ struct Destroyer {
     void operator()(SDL_Renderer* renderer) const { SDL_DestroyRenderer(renderer); }
 };
 
-/// SDL2_gfx on SDL's software renderer. Its only wide figure is the line; textures are left out, it does not blend them.
+/// SDL2_gfx on SDL's software renderer. Its only wide figure is the line; it does not blend textures.
 class Sdl2GfxPainter : public MemoryPainter {
 public:
     explicit Sdl2GfxPainter(const Memory& memory)

@@ -8,7 +8,7 @@ using namespace dtk;
 
 namespace {
 
-/// A private copy of a polygon's points: the engine never sees the caller's memory. Usual polygons fit without the heap.
+/// A private copy of the points, for the engine never sees the caller's memory. Usual polygons fit without the heap.
 class PointsCopy {
 public:
     PointsCopy(const DFBPoint* points, u32 num_points) : num_points_(num_points)

@@ -11,7 +11,10 @@ namespace dtk {
 /// wait is kept here and not in the batch, which lets the compiler hold it in a register.
 class StampBatch {
 public:
-    StampBatch(IDirectFBSurface* dest, IDirectFBSurface* pen_surface) : start_(start(dest, pen_surface)), result_(start_.result) {}
+    StampBatch(IDirectFBSurface* dest, IDirectFBSurface* pen_surface)
+        : start_(start(dest, pen_surface)), result_(start_.result)
+    {
+    }
 
     void add(int x, int y)
     {

@@ -117,7 +117,9 @@ template <typename VisitPoles, typename Visit>
 void walk_ellipse(const DFBRectangle& box, VisitPoles&& visit_poles, Visit&& visit)
 {
     const int pole = box.h / 2;
-    const auto visit_points = [&](long long x, long long rows) { visit(static_cast<int>(x), pole - static_cast<int>(rows)); };
+    const auto visit_points = [&](long long x, long long rows) {
+        visit(static_cast<int>(x), pole - static_cast<int>(rows));
+    };
 
     visit_poles(pole);
     // For an odd height the first row is nearer to the centre than the half axis is long.

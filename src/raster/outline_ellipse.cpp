@@ -97,12 +97,14 @@ bool outline_fits(const DFBRectangle& rect, DFBDimension size)
 
 DFBResult outline_ellipse_clipped(IDirectFBSurface* dest, const DFBRectangle& rect, DFBDimension size, u32 color)
 {
-    return draw_outline(dest, rect, [=](const CentredPixels& pixels, int x, int y) { pixels.store_inside(size, x, y, color); });
+    return draw_outline(
+        dest, rect, [=](const CentredPixels& pixels, int x, int y) { pixels.store_inside(size, x, y, color); });
 }
 
 } // namespace dtk
 
 DFBResult outline_ellipse_argb(IDirectFBSurface* dest, const DFBRectangle* rect, u32 color)
 {
-    return draw_outline(dest, *rect, [=](const CentredPixels& pixels, int x, int y) { pixels.store_all(x, y, color); });
+    return draw_outline(dest, *rect,
+                        [=](const CentredPixels& pixels, int x, int y) { pixels.store_all(x, y, color); });
 }
