@@ -77,12 +77,13 @@ DFBResult draw_outline(IDirectFBSurface* dest, const DFBRectangle& rect, Store&&
     return result::ok;
 }
 
-/// Whether the run of pixels from `centre` - `reach` to `centre` + `reach` lies within 0 and `size`.
-bool fits(int origin, int extent, int size)
+/// Whether the run of pixels that reaches `excess` further than half the extent to both sides of its middle lies within 0
+/// and `size`.
+bool fits(int origin, int extent, int excess, int size)
 {
     const long long half = extent / 2;
     const long long centre = origin + half;
-    const long long reach = half < 0 ? -half : half;
+    const long long reach = (half < 0 ? -half : half) + excess;
     return centre - reach >= 0 && centre + reach < size;
 }
 
@@ -92,7 +93,8 @@ namespace dtk {
 
 bool outline_fits(const DFBRectangle& rect, DFBDimension size)
 {
-    return fits(rect.x, rect.w, size.w) && fits(rect.y, rect.h, size.h);
+    // The walk may end one column beyond the half axis, in a box of 5 x 2 for one.
+    return fits(rect.x, rect.w, 1, size.w) && fits(rect.y, rect.h, 0, size.h);
 }
 
 DFBResult outline_ellipse_clipped(IDirectFBSurface* dest, const DFBRectangle& rect, DFBDimension size, u32 color)

@@ -105,6 +105,22 @@ TEST_F(RasterGuard, HoldsForThinOutlines)
     EXPECT_FALSE(holds_only(inner.get(), background));
 }
 
+/// Some walks end a column further out than half the width.
+TEST_F(RasterGuard, HoldsForThinOutlinesThatTouchASide)
+{
+    const Toolkit toolkit = make_toolkit(inner.get(), false);
+    for (int w = 1; w <= middle.w + 2; ++w) {
+        for (int h = 1; h <= middle.h + 2; ++h) {
+            for (const int x : {-2, -1, 0, middle.w - w - 1, middle.w - w, middle.w - w + 1, middle.w - w + 2}) {
+                const DFBRectangle box = {x, (middle.h - h) / 2, w, h};
+                toolkit->Ellipse(toolkit.get(), &box, DTKHDDVD_STROKE);
+            }
+        }
+    }
+    expect_untouched_margin();
+    EXPECT_FALSE(holds_only(inner.get(), background));
+}
+
 TEST_F(RasterGuard, HoldsForStamps)
 {
     const Toolkit toolkit = make_toolkit(inner.get(), false);
