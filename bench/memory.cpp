@@ -38,8 +38,9 @@ void print_creations(IDirectFB* dfb, tools::BackEnd back_end)
     const auto surface = create_surface(dfb, picture_width, picture_height, DSCAPS_NONE);
     Owned<DTKHDDVD> toolkit;
     Owned<DTKHDDVDPen> pen;
-    print(title(back_end, "creating a toolkit"), count([&] { toolkit = create_toolkit(dfb, surface.get(), back_end); }));
-    print(title(back_end, "creating a pen"), count([&] { pen = create_pen(toolkit.get(), 5, back_end); }));
+    print(title(back_end, "creating a toolkit"),
+          count([&] { toolkit = create_toolkit(dfb, surface.get(), back_end); }));
+    print(title(back_end, "creating a pen"), count([&] { pen = create_pen(toolkit.get(), 5); }));
 }
 
 void print_drawings(IDirectFB* dfb, tools::BackEnd back_end)

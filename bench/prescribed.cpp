@@ -34,7 +34,7 @@ cairo_pattern_t* create_pattern(IDirectFB* dfb, IDirectFBSurface* texture)
 /// The picture of a pen of 5 x 5 pixels, with the key colour outside and the opaque colour inside.
 Owned<IDirectFBSurface> create_pen_surface(IDirectFB* dfb)
 {
-    const DTKHDDVDPenShape shape = pen_shape(5, tools::BackEnd::software);
+    const DTKHDDVDPenShape shape = pen_shape(5);
     const u8 stroke = 0, key = 2;
     IDirectFBSurface* pen = nullptr;
     check(render_pen_shape_lut8(dfb, &shape, key, stroke, &pen), "cannot draw a pen");

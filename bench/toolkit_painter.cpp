@@ -16,9 +16,9 @@ Owned<DTKHDDVD> create_toolkit(IDirectFB* dfb, IDirectFBSurface* surface, BackEn
     return Owned<DTKHDDVD>(toolkit);
 }
 
-Owned<DTKHDDVDPen> create_pen(DTKHDDVD* toolkit, int size, BackEnd back_end)
+Owned<DTKHDDVDPen> create_pen(DTKHDDVD* toolkit, int size)
 {
-    const DTKHDDVDPenShape shape = pen_shape(size, back_end);
+    const DTKHDDVDPenShape shape = pen_shape(size);
     DTKHDDVDPen* pen = nullptr;
     check(toolkit->CreatePen(toolkit, &shape, &pen), "cannot create a pen");
     return Owned<DTKHDDVDPen>(pen);
@@ -32,10 +32,10 @@ std::vector<DFBPoint> to_points(const std::vector<Point>& points)
     return result;
 }
 
-DTKHDDVDPenShape pen_shape(int size, BackEnd back_end)
+DTKHDDVDPenShape pen_shape(int size)
 {
     const int near = -(size / 2);
-    const int far = back_end == BackEnd::hardware ? near + size - 1 : near + size;
+    const int far = near + size;
     return {near, near, far, near, far, far, near, far};
 }
 
@@ -44,8 +44,8 @@ ToolkitPainter::ToolkitPainter(IDirectFB* dfb, BackEnd back_end)
 {
     activate();
     toolkit_ = create_toolkit(dfb, surface(), back_end);
-    wide_pen_ = create_pen(toolkit_.get(), 5, back_end);
-    thin_pen_ = create_pen(toolkit_.get(), 1, back_end);
+    wide_pen_ = create_pen(toolkit_.get(), 5);
+    thin_pen_ = create_pen(toolkit_.get(), 1);
 }
 
 void ToolkitPainter::activate()

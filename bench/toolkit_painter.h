@@ -14,15 +14,15 @@ inline DFBRectangle to_rectangle(const Box& box)
 
 std::vector<DFBPoint> to_points(const std::vector<Point>& points);
 
-/// The shape of the pen that leaves @p size x @p size pixels. In software a pen is as wide as its corners are apart, on
-/// the engine one pixel wider.
-DTKHDDVDPenShape pen_shape(int size, tools::BackEnd back_end);
+/// The shape of the pen that leaves @p size x @p size pixels with both back ends: a pen is as wide as its corners are
+/// apart.
+DTKHDDVDPenShape pen_shape(int size);
 
 /// A toolkit with a scratch pad.
 Owned<DTKHDDVD> create_toolkit(IDirectFB* dfb, IDirectFBSurface* surface, tools::BackEnd back_end);
 
 /// A pen that leaves @p size x @p size pixels.
-Owned<DTKHDDVDPen> create_pen(DTKHDDVD* toolkit, int size, tools::BackEnd back_end);
+Owned<DTKHDDVDPen> create_pen(DTKHDDVD* toolkit, int size);
 
 /// Draws with the toolkit, in software or on the drawing engine.
 class ToolkitPainter : public SurfacePainter {

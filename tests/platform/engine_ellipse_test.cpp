@@ -57,6 +57,25 @@ TEST(EngineEllipse, CoversBoxesPartlyOutsideLikeCairo)
     }
 }
 
+TEST(EngineEllipse, FillsEverySmallBoxAsIfItWereCut)
+{
+    zuvo::Buffer<zuvo::Span> rows = {};
+    const zuvo::Extent extent = {46, 46};
+    for (int width = -2; width <= 44; ++width) {
+        for (int height = -2; height <= 44; ++height) {
+            for (const DFBPoint corner : {DFBPoint{0, 0}, DFBPoint{1, 1}, DFBPoint{2, 1}, DFBPoint{-3, -7}}) {
+                const DFBRectangle rect = {corner.x, corner.y, width, height};
+                Coverage whole(extent), cut(extent);
+                ASSERT_TRUE(zuvo::fill_ellipse(rows, extent, rect, whole));
+                ASSERT_TRUE(zuvo::fill_cut_ellipse(rows, extent, rect, cut));
+                ASSERT_TRUE(whole.is_well_formed);
+                ASSERT_EQ(whole.text(), cut.text()) << width << 'x' << height;
+            }
+        }
+    }
+    std::free(rows.items);
+}
+
 TEST(EngineEllipse, FillsTheHugeEllipseRowByRow)
 {
     zuvo::Buffer<zuvo::Span> rows = {};

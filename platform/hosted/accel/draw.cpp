@@ -21,12 +21,19 @@ DFBRectangle clipped(const DFBRegion& clip, const DFBRectangle& rect)
     return {left, top, right > left ? right - left : 0, bottom > top ? bottom - top : 0};
 }
 
-void fill_row(const AccelJob& job, uint8_t* target, size_t count)
+void fill_bytes(const AccelJob& job, const DFBRectangle& part)
 {
-    if (job.target.pixel_bytes == 1)
-        memset(target, static_cast<int>(job.colour), count);
-    else
-        job.rows->fill(reinterpret_cast<uint32_t*>(target), job.colour, count);
+    uint8_t* target = pixel_at(job.target, part.x, part.y);
+    for (int row = 0; row < part.h; ++row, target += job.target.pitch)
+        memset(target, static_cast<int>(job.colour), static_cast<size_t>(part.w));
+}
+
+void fill_pixels(const AccelJob& job, const DFBRectangle& part)
+{
+    auto* first_row = reinterpret_cast<uint32_t*>(pixel_at(job.target, 0, part.y));
+    const RowSpan span = {part.x, part.x + part.w};
+    const RowSpans rows = {first_row, job.target.pitch, &span, 0, static_cast<size_t>(part.h)};
+    job.rows->fill_spans(&rows, job.colour);
 }
 
 /// Looks a row up part by part, and blends it.
@@ -128,11 +135,10 @@ bool accel_fill_rectangle(void* driver_data, void*, DFBRectangle* rect)
     if (!job.is_possible)
         return false;
     const DFBRectangle part = clipped(job.clip, *rect);
-    if (!part.w)
-        return true;
-    uint8_t* target = pixel_at(job.target, part.x, part.y);
-    for (int row = 0; row < part.h; ++row, target += job.target.pitch)
-        fill_row(job, target, static_cast<size_t>(part.w));
+    if (job.target.pixel_bytes == 1)
+        fill_bytes(job, part);
+    else
+        fill_pixels(job, part);
     return true;
 }
 

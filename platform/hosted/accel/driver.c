@@ -75,6 +75,7 @@ static void describe_device(GraphicsDeviceInfo *info)
 
 // DirectFB 1.7 hands its device to every function of the driver's record, its successor does not.
 #ifdef ACCEL_DEVICE_ARGUMENT
+// A declaration has no parentheses. NOLINTNEXTLINE(bugprone-macro-parentheses)
 #define ONLY_DEVICE CoreGraphicsDevice *device __attribute__((unused))
 #define DEVICE ONLY_DEVICE,
 #else

@@ -61,7 +61,7 @@ void add_runs(AccelRunList& list, const AccelPen& pen, int y, uint64_t bits)
         bits >>= gap;
         x += gap;
         const int count = trailing_zeros(~bits);
-        const ptrdiff_t offset = static_cast<ptrdiff_t>(pen.pitch) * y + x * pen.pixel_bytes;
+        const ptrdiff_t offset = static_cast<ptrdiff_t>(pen.pitch) * y + static_cast<ptrdiff_t>(x) * pen.pixel_bytes;
         add_run(list, {offset, x, y, count});
         bits = count < ACCEL_PEN_SIZE ? bits >> count : 0;
         x += count;

@@ -1,19 +1,14 @@
 /**
  * @file row_loops.h
  * The loops behind the row functions. Each table of rows.h compiles them once more, for another processor.
- *
- * The arithmetic is written once, for a vector of pixels: with 16 or 32 bytes it does the bulk of a row, with 4 bytes,
- * one pixel, what remains. A pixel is seen as two 16-bit lanes: blue and red in their low bytes, green and alpha in the
- * high ones. No product of two channels exceeds 16 bits.
  */
 #ifndef ZUVO_ACCEL_ROW_LOOPS_H
 #define ZUVO_ACCEL_ROW_LOOPS_H
 
 #include <stddef.h>
 #include <stdint.h>
-#include <string.h>
-#include <wchar.h>
 
+#include "blending.h"
 #include "rows.h"
 
 namespace {
@@ -24,44 +19,75 @@ constexpr size_t vector_bytes = 32;
 constexpr size_t vector_bytes = 16;
 #endif
 
-template <size_t Bytes>
-struct Vector {
-    typedef uint32_t Pixels __attribute__((vector_size(Bytes)));
-    typedef uint16_t Lanes __attribute__((vector_size(Bytes)));
-    typedef int16_t SignedLanes __attribute__((vector_size(Bytes)));
-
-    static constexpr size_t count = Bytes / sizeof(uint32_t);
-};
-
 using Wide = Vector<vector_bytes>;
-using Single = Vector<sizeof(uint32_t)>;
+using Narrow = Vector<16>;
 
-/// Each pixel's alpha in both of its lanes.
+/// How far it is to the next multiple of a vector's size: at least one pixel, at most a vector.
 template <class V>
-inline typename V::Lanes alpha_of(typename V::Pixels pixels)
+inline size_t pixels_to_boundary(const uint32_t* target)
 {
-    const typename V::Pixels alpha = pixels >> 24;
-    return (typename V::Lanes)(alpha | alpha << 16);
+    const auto word = static_cast<size_t>(reinterpret_cast<uintptr_t>(target) / sizeof(uint32_t));
+    return V::count - word % V::count;
 }
 
-/// The pixels' channels times @p factors, of which 256 is one.
-template <class V>
-inline typename V::Pixels scale(typename V::Pixels pixels, typename V::Lanes factors)
+/// Writes a row of one or two vectors; they may overlap, so both are worked out before one is stored.
+template <class V, class Result>
+inline void write_ends(uint32_t* target, size_t count, const Result& result)
 {
-    const auto lanes = (typename V::Lanes)pixels;
-    return (typename V::Pixels)(((lanes & 0xff) * factors >> 8) | ((lanes >> 8) * factors & 0xff00));
+    const typename V::Pixels first = result(V{}, 0);
+    const typename V::Pixels last = result(V{}, count - V::count);
+    store<V>(target, first);
+    store<V>(target + count - V::count, last);
 }
 
-/// A source that is different at each pixel.
-template <class V>
-inline void blend_vector(uint32_t* target, const uint32_t* source)
+/// Writes a row of at least one vector. The first vector and the last one may overlap those beside them, which begin at
+/// multiples of their size; so both are worked out before anything is stored.
+template <class V, class Result>
+inline void write_vectors(uint32_t* target, size_t count, const Result& result)
 {
-    typename V::Pixels from, onto;
-    memcpy(&from, source, sizeof(from));
-    memcpy(&onto, target, sizeof(onto));
-    const auto alpha = alpha_of<V>(from);
-    onto = scale<V>(from, alpha + 1) + scale<V>(onto, 256 - alpha);
-    memcpy(target, &onto, sizeof(onto));
+    const size_t last = count - V::count;
+    const typename V::Pixels first_pixels = result(V{}, 0);
+    const typename V::Pixels last_pixels = result(V{}, last);
+    for (size_t i = pixels_to_boundary<V>(target); i < last; i += V::count)
+        store<V>(target + i, result(V{}, i));
+    store<V>(target, first_pixels);
+    store<V>(target + last, last_pixels);
+}
+
+/// Writes a row; `result(V{}, i)` answers the pixels of the vector that begins at the row's pixel i.
+template <class Result>
+inline void write_row(uint32_t* target, size_t count, const Result& result)
+{
+    if (count > 2 * Wide::count)
+        return write_vectors<Wide>(target, count, result);
+    if (count >= Wide::count)
+        return write_ends<Wide>(target, count, result);
+    if (count >= Narrow::count)
+        return write_ends<Narrow>(target, count, result);
+    for (size_t i = 0; i < count; ++i)
+        store<Single>(target + i, result(Single{}, i));
+}
+
+template <class WriteSpan>
+inline void write_spans(const RowSpans& rows, const WriteSpan& write_span)
+{
+    auto* row = reinterpret_cast<uint8_t*>(rows.first_row);
+    const RowSpan* span = rows.spans;
+    for (size_t i = 0; i < rows.count; ++i, row += rows.pitch, span += rows.step)
+        if (span->left < span->right)
+            write_span(reinterpret_cast<uint32_t*>(row) + span->left, static_cast<size_t>(span->right - span->left));
+}
+
+inline void fill_row(uint32_t* target, uint32_t colour, size_t count)
+{
+    write_row(target, count, [colour](auto v, size_t) { return typename decltype(v)::Pixels{} + colour; });
+}
+
+void fill(uint32_t* target, uint32_t colour, size_t count) { fill_row(target, colour, count); }
+
+void fill_spans(const RowSpans* rows, uint32_t colour)
+{
+    write_spans(*rows, [colour](uint32_t* target, size_t count) { fill_row(target, colour, count); });
 }
 
 constexpr size_t block_vectors = 4;
@@ -70,11 +96,8 @@ constexpr size_t block_count = block_vectors * Wide::count;
 inline bool is_transparent_block(const uint32_t* source)
 {
     Wide::Pixels any{};
-    for (size_t i = 0; i < block_vectors; ++i) {
-        Wide::Pixels pixels;
-        memcpy(&pixels, source + i * Wide::count, sizeof(pixels));
-        any |= pixels;
-    }
+    for (size_t i = 0; i < block_vectors; ++i)
+        any |= load<Wide>(source + i * Wide::count);
     uint32_t alpha = 0;
     for (size_t i = 0; i < Wide::count; ++i)
         alpha |= any[i];
@@ -88,71 +111,58 @@ void blend(uint32_t* target, const uint32_t* source, size_t count)
     for (; i + block_count <= count; i += block_count)
         if (!is_transparent_block(source + i))
             for (size_t j = i; j < i + block_count; j += Wide::count)
-                blend_vector<Wide>(target + j, source + j);
-    for (; i + Wide::count <= count; i += Wide::count)
-        blend_vector<Wide>(target + i, source + i);
-    for (; i < count; ++i)
-        blend_vector<Single>(target + i, source + i);
+                store<Wide>(target + j, blended<Wide>(load<Wide>(source + j), load<Wide>(target + j)));
+
+    target += i;
+    source += i;
+    write_row(target, count - i, [target, source](auto v, size_t j) {
+        using V = decltype(v);
+        return blended<V>(load<V>(source + j), load<V>(target + j));
+    });
 }
 
-/// A source that is @p scaled already and leaves the target @p rest of 256.
-template <class V>
-inline void blend_constant(uint32_t* target, uint32_t scaled, uint16_t rest)
+inline void blend_colour_row(uint32_t* target, const ConstantSource& source, size_t count)
 {
-    typename V::Pixels onto;
-    memcpy(&onto, target, sizeof(onto));
-    onto = scale<V>(onto, typename V::Lanes{} + rest) + scaled;
-    memcpy(target, &onto, sizeof(onto));
+    write_row(target, count, [target, source](auto v, size_t i) {
+        using V = decltype(v);
+        return source.blended<V>(load<V>(target + i));
+    });
 }
 
 void blend_colour(uint32_t* target, uint32_t colour, size_t count)
 {
-    const auto alpha = static_cast<uint16_t>(colour >> 24);
-    const auto rest = static_cast<uint16_t>(256 - alpha);
-    const uint32_t scaled = scale<Single>(Single::Pixels{} + colour, Single::Lanes{} + uint16_t(alpha + 1))[0];
-    size_t i = 0;
-    for (; i + Wide::count <= count; i += Wide::count)
-        blend_constant<Wide>(target + i, scaled, rest);
-    for (; i < count; ++i)
-        blend_constant<Single>(target + i, scaled, rest);
+    blend_colour_row(target, ConstantSource(colour), count);
 }
 
-/// One channel of each lane, in the low byte: the way from @p onto to @p from, of which 128 @p steps are the whole.
-template <class V>
-inline typename V::Lanes approach(typename V::Lanes from, typename V::Lanes onto, typename V::SignedLanes steps)
+void blend_colour_spans(const RowSpans* rows, uint32_t colour)
 {
-    const auto way = (typename V::SignedLanes)(from - onto) * steps >> 7;
-    return onto + (typename V::Lanes)way;
+    const ConstantSource source(colour);
+    write_spans(*rows, [source](uint32_t* target, size_t count) { blend_colour_row(target, source, count); });
 }
 
-template <class V>
-inline void blend_rgb32_vector(uint32_t* target, const uint32_t* source)
+void prepare_blend(uint32_t* scaled, uint32_t* rests, const uint32_t* source, size_t count)
 {
-    typename V::Pixels from, onto;
-    memcpy(&from, source, sizeof(from));
-    memcpy(&onto, target, sizeof(onto));
-    const auto steps = (typename V::SignedLanes)((alpha_of<V>(from) >> 1) + 1);
-    const auto from_lanes = (typename V::Lanes)from, onto_lanes = (typename V::Lanes)onto;
-    const auto red_blue = approach<V>(from_lanes & 0xff, onto_lanes & 0xff, steps);
-    const auto green = approach<V>(from_lanes >> 8, onto_lanes >> 8, steps);
-    onto = (typename V::Pixels)(red_blue | green << 8) & 0x00ffffff;
-    memcpy(target, &onto, sizeof(onto));
+    for (size_t i = 0; i < count; ++i) {
+        const auto pixel = load<Single>(source + i);
+        store<Single>(scaled + i, scaled_source<Single>(pixel));
+        store<Single>(rests + i, (Single::Pixels)rest_of<Single>(pixel));
+    }
+}
+
+void blend_prepared(uint32_t* target, const uint32_t* scaled, const uint32_t* rests, size_t count)
+{
+    write_row(target, count, [target, scaled, rests](auto v, size_t i) {
+        using V = decltype(v);
+        return scale<V>(load<V>(target + i), (typename V::Lanes)load<V>(rests + i)) + load<V>(scaled + i);
+    });
 }
 
 void blend_rgb32(uint32_t* target, const uint32_t* source, size_t count)
 {
-    size_t i = 0;
-    for (; i + Wide::count <= count; i += Wide::count)
-        blend_rgb32_vector<Wide>(target + i, source + i);
-    for (; i < count; ++i)
-        blend_rgb32_vector<Single>(target + i, source + i);
-}
-
-/// The C library has the best loop for this.
-void fill(uint32_t* target, uint32_t colour, size_t count)
-{
-    static_assert(sizeof(wchar_t) == sizeof(uint32_t), "a wide character is a pixel");
-    wmemset(reinterpret_cast<wchar_t*>(target), static_cast<wchar_t>(colour), count);
+    write_row(target, count, [target, source](auto v, size_t i) {
+        using V = decltype(v);
+        return blended_rgb32<V>(load<V>(source + i), load<V>(target + i));
+    });
 }
 
 void expand(uint32_t* __restrict target, const uint8_t* __restrict indices, const uint32_t* __restrict palette,
@@ -179,7 +189,8 @@ void copy_keyed(uint8_t* __restrict target, const uint8_t* __restrict indices, u
     }
 }
 
-constexpr Rows compiled_rows{fill, blend, blend_colour, blend_rgb32, expand, expand_keyed, copy_keyed};
+constexpr Rows compiled_rows{fill,           fill_spans,  blend,  blend_colour, blend_colour_spans, prepare_blend,
+                             blend_prepared, blend_rgb32, expand, expand_keyed, copy_keyed};
 
 } // namespace
 

@@ -1,17 +1,11 @@
 #include "ellipse_rows.h"
 
+#include "raster/ellipse_walk.h"
+
 #include <algorithm>
-#include <cmath>
 
 namespace zuvo {
 namespace {
-
-const int walk_limit = 1 << 20;
-
-bool is_within(int64_t value, int64_t limit)
-{
-    return value >= -limit && value <= limit;
-}
 
 /// One span a row. All spans of a row touch, so that their hull is their union.
 class FilledRows {
@@ -35,23 +29,28 @@ public:
         return true;
     }
 
-    void add(int row, int left, int width)
+    void add(int row, Span span)
     {
-        if (row < top_ || row >= bottom_ || width <= 0)
+        if (row < top_ || row >= bottom_ || is_empty(span))
             return;
-        Span& span = rows_[static_cast<size_t>(row - top_)];
-        span.left = std::min(span.left, left);
-        span.right = std::max(span.right, left + width);
+        Span& kept = rows_[static_cast<size_t>(row - top_)];
+        kept = {std::min(kept.left, span.left), std::max(kept.right, span.right)};
     }
 
-    void give(RowSink& sink) const
+    void add_block(int top, int bottom, Span span)
     {
-        for (int row = top_; row < bottom_; ++row) {
-            const Span& span = rows_[static_cast<size_t>(row - top_)];
-            const Span seen = {std::max(span.left, 0), std::min(span.right, width_)};
-            if (seen.left < seen.right)
-                sink.take(sink, row, &seen, 1);
+        for (int row = std::max(top, top_); row < std::min(bottom, bottom_); ++row)
+            add(row, span);
+    }
+
+    void give(RowSink& sink)
+    {
+        const int count = bottom_ - top_;
+        for (int i = 0; i < count; ++i) {
+            Span& span = rows_.items[i];
+            span = {std::max(span.left, 0), std::min(span.right, width_)};
         }
+        sink.take_rows(sink, {top_, count, rows_.items, 1});
     }
 
 private:
@@ -59,100 +58,114 @@ private:
     int width_, top_, bottom_;
 };
 
-/// The walk along one quarter of the outline. All real numbers, as in the software back end: rounding towards zero
-/// makes what lies left of column 0 or above row 0 differ from what would be the same shape further right or down.
-struct FillWalk {
-    FillWalk(const DFBRectangle& rect)
-        : left(rect.x), top(rect.y), a(rect.w * 0.5), b((rect.h + 1) * 0.5), cx(rect.x + a), cy((rect.y - 1) + b),
-          a2(a * a), b2(b * b), x(0), y(b)
+/// Enters a filled ellipse into rows, from the walk over a quarter of its outline that the software back end takes.
+///
+/// Where the outline is flat a row is as wide as the outline is where it enters the row. Where it is steep a row has a
+/// part on each side of the block, which is as wide as the outline is where it becomes steep.
+class EllipseFill {
+public:
+    EllipseFill(FilledRows& rows, const DFBRectangle& box) : rows_(rows), box_(box) {}
+
+    void enter()
+    {
+        const long long height = box_.h + 1LL;
+        dtk::walk_quarter({box_.w, height, height},
+                          [this](long long x, long long rows, bool turned) { enter_cap(x, rows, turned); },
+                          [this](long long x, long long rows) { enter_sides(x, rows); });
+
+        const int top = static_cast<int>(box_.y + block_rows_);
+        const Span block = {column(block_), column(block_) + static_cast<int>(2 * block_)};
+        rows_.add_block(top, top + static_cast<int>(height - 2 * block_rows_), block);
+    }
+
+private:
+    void enter_cap(long long x, long long rows, bool turned)
+    {
+        block_ = x;
+        block_rows_ = rows;
+        if (turned)
+            add_mirrored(rows, {column(x), column(x) + static_cast<int>(2 * x)});
+    }
+
+    void enter_sides(long long x, long long rows)
+    {
+        if (x > block_)
+            add_mirrored(rows, {column(x), column(-block_) + static_cast<int>(x - block_)});
+    }
+
+    void add_mirrored(long long rows, Span span)
+    {
+        rows_.add(static_cast<int>(box_.y + box_.h - rows), span);
+        rows_.add(static_cast<int>(box_.y - 1 + rows), span);
+    }
+
+    /// The column at the distance x left of the centre, cut towards zero: what lies left of column 0 may differ from
+    /// what would be the same shape further right.
+    int column(long long x) const { return static_cast<int>((2LL * box_.x + box_.w - 2 * x) / 2); }
+
+    FilledRows& rows_;
+    DFBRectangle box_;
+    long long block_ = 0;           ///< Half the width of the block.
+    long long block_rows_ = 0;      ///< How many rows of each half lie beyond it.
+};
+
+/// The same where nothing is cut off: every row is as wide to the left of the middle as to its right, and the last span
+/// that is entered into a row is the widest.
+class WholeEllipseFill {
+public:
+    /// @p rows has room for each row from one above the box to one below it.
+    WholeEllipseFill(Span* rows, const DFBRectangle& box)
+        : rows_(rows), box_(box), middle_(static_cast<int>((2LL * box.x + box.w) / 2))
     {
     }
 
-    double left, top;
-    double a, b, cx, cy;
-    double a2, b2;
-    double x, y;
+    /// Answers false when this is no such ellipse.
+    bool enter(Extent extent)
+    {
+        const int height = box_.h + 1;
+        int block = 0, block_rows = 0, x_end = 0;
+        rows_[height] = {0, 0};
+        dtk::walk_quarter(
+            {box_.w, height, height},
+            [&](long long x, long long rows, bool turned) {
+                x_end = block = static_cast<int>(x);
+                block_rows = static_cast<int>(rows);
+                if (turned)
+                    enter_mirrored(block_rows, block);
+            },
+            [&](long long x, long long rows) {
+                x_end = static_cast<int>(x);
+                enter_mirrored(static_cast<int>(rows), x_end);
+            });
+        if (2 * block_rows + 1 < height)
+            rows_[height - block_rows] = around_middle(block);
+        return 2 * block_rows + 1 != height && x_end <= middle_ && x_end <= extent.width - middle_;
+    }
+
+private:
+    void enter_mirrored(int rows, int x)
+    {
+        rows_[rows] = rows_[box_.h + 1 - rows] = around_middle(x);
+    }
+
+    Span around_middle(int x) const { return {middle_ - x, middle_ + x}; }
+
+    Span* rows_;
+    DFBRectangle box_;
+    int middle_;
 };
 
-void add_mirrored(FilledRows& rows, const FillWalk& walk, int left, int width)
+bool is_inside(const DFBRectangle& rect, Extent extent)
 {
-    rows.add(static_cast<int>(walk.cy + walk.y), left, width);
-    rows.add(static_cast<int>(walk.cy - walk.y), left, width);
-}
-
-/// The flat part: a row is as wide as the outline where it enters the row.
-void add_caps(FilledRows& rows, FillWalk& walk)
-{
-    double d = walk.b2 - walk.a2 * walk.b + walk.a2 * 0.25;
-    while ((walk.y - 0.5) * walk.a2 > (walk.x + 1) * walk.b2) {
-        const double next_x = walk.x + 1;
-        if (d < 0) {
-            d += (2 * walk.x + 3) * walk.b2;
-        } else {
-            d += (2 * walk.x + 3) * walk.b2 + (-2 * walk.y + 2) * walk.a2;
-            walk.y -= 1;
-            add_mirrored(rows, walk, static_cast<int>(walk.cx - next_x), static_cast<int>(next_x + next_x));
-        }
-        walk.x = next_x;
-    }
-}
-
-/// The steep part: what a row has on both sides of the block.
-void add_sides(FilledRows& rows, FillWalk walk)
-{
-    if (!(walk.y > 0))
-        return;
-    const double block = walk.x;
-    double d = (block + 0.5) * ((block + 0.5) * walk.b2) + (walk.y - 1) * ((walk.y - 1) * walk.a2) - walk.a2 * walk.b2;
-    do {
-        if (d < 0) {
-            d += (2 * walk.x + 2) * walk.b2 + (-2 * walk.y + 3) * walk.a2;
-            walk.x += 1;
-        } else {
-            d += (-2 * walk.y + 3) * walk.a2;
-        }
-        walk.y -= 1;
-        const int width = static_cast<int>(walk.x - block);
-        add_mirrored(rows, walk, static_cast<int>(walk.cx - walk.x), width);
-        add_mirrored(rows, walk, static_cast<int>(block + walk.cx), width);
-    } while (walk.y > 0);
-}
-
-void add_block(FilledRows& rows, const FillWalk& walk)
-{
-    const int left = static_cast<int>(walk.left + (walk.a - walk.x));
-    const int top = static_cast<int>(walk.top + (walk.b - walk.y));
-    const int bottom = top + static_cast<int>(walk.y + walk.y);
-    for (int row = std::max(top, rows.top()); row < std::min(bottom, rows.bottom()); ++row)
-        rows.add(row, left, static_cast<int>(walk.x + walk.x));
-}
-
-/// Half the width of an ellipse at a row, negative outside.
-double half_width(const DFBRectangle& rect, int row)
-{
-    const double b = rect.h * 0.5;
-    const double distance = (row + 0.5 - rect.y - b) / b;
-    const double square = 1 - distance * distance;
-    return square < 0 ? -1 : rect.w * 0.5 * std::sqrt(square);
-}
-
-/// The columns of a huge ellipse in one row, cut to what is far away; empty outside.
-Span huge_span(const DFBRectangle& rect, int row)
-{
-    if (rect.w <= 0 || rect.h <= 0)
-        return {0, 0};
-    const double half = half_width(rect, row);
-    const double middle = rect.x + rect.w * 0.5;
-    if (half < 0)
-        return {0, 0};
-    return {cut_to_far(static_cast<int64_t>(middle - half)), cut_to_far(static_cast<int64_t>(middle + half))};
+    return rect.x >= 0 && rect.y >= 0 && rect.w > 0 && rect.h > 0 && rect.x <= extent.width
+        && rect.w <= extent.width - rect.x && rect.y < extent.height && rect.h < extent.height - rect.y;
 }
 
 void add_huge_fill(FilledRows& rows, const DFBRectangle& rect)
 {
     for (int row = rows.top(); row < rows.bottom(); ++row) {
         const Span span = huge_span(rect, row);
-        rows.add(row, span.left, span.right - span.left);
+        rows.add(row, span);
     }
 }
 
@@ -168,40 +181,27 @@ bool has_no_inside(const DFBRectangle& rect)
     return rect.w < 2 || rect.h < 2;
 }
 
-bool is_huge(const DFBRectangle& rect)
-{
-    return !(is_within(rect.x, walk_limit) && is_within(rect.y, walk_limit) && is_within(rect.w, walk_limit)
-             && is_within(rect.h, walk_limit));
-}
-
-void add_huge_outline(RowPath& path, const DFBRectangle& rect)
-{
-    for (int row = path.top; row < path.bottom; ++row) {
-        const Span here = huge_span(rect, row);
-        const Span outer = huge_span(rect, row < rect.y + rect.h / 2 ? row - 1 : row + 1);
-        if (here.left >= here.right)
-            continue;
-        const bool is_pole = outer.left >= outer.right;
-        const int middle = here.left + (here.right - here.left) / 2;
-        path.add_run(0, row, here.left, is_pole ? middle : outer.left);
-        path.add_run(1, row, is_pole ? middle : outer.right - 1, here.right - 1);
-    }
-}
-
 bool fill_ellipse(Buffer<Span>& buffer, Extent extent, const DFBRectangle& rect, RowSink& sink)
+{
+    if (!is_inside(rect, extent) || is_huge(rect))
+        return fill_cut_ellipse(buffer, extent, rect, sink);
+    if (!buffer.reserve(static_cast<size_t>(rect.h) + 2))
+        return false;
+    if (!WholeEllipseFill(buffer.items, rect).enter(extent))
+        return fill_cut_ellipse(buffer, extent, rect, sink);
+    sink.take_rows(sink, {rect.y, rect.h + 1, buffer.items + 1, 1});
+    return true;
+}
+
+bool fill_cut_ellipse(Buffer<Span>& buffer, Extent extent, const DFBRectangle& rect, RowSink& sink)
 {
     FilledRows rows(buffer, extent, int64_t(rect.y) - 1, int64_t(rect.y) + rect.h + 2);
     if (!rows.begin())
         return false;
-    if (is_huge(rect)) {
+    if (is_huge(rect))
         add_huge_fill(rows, rect);
-    } else {
-        FillWalk walk(rect);
-        add_caps(rows, walk);
-        const FillWalk flat_end = walk;
-        add_sides(rows, walk);
-        add_block(rows, flat_end);
-    }
+    else
+        EllipseFill(rows, rect).enter();
     rows.give(sink);
     return true;
 }

@@ -2,7 +2,7 @@
 #define ZUVO_ELLIPSE_ROWS_H
 
 #include "buffer.h"
-#include "row_path.h"
+#include "huge_ellipse.h"
 #include "span.h"
 
 #include <directfb.h>
@@ -16,16 +16,13 @@ DFBRectangle inner_box(const DFBRectangle& rect);
 /// software back end, when it blends, blends the box only.
 bool has_no_inside(const DFBRectangle& rect);
 
-/// Whether an ellipse is too large to be walked step by step. It is then worked out row by row, where it can be seen.
-bool is_huge(const DFBRectangle& rect);
-
-/// Adds the outline of a huge ellipse on the rows that the path keeps.
-void add_huge_outline(RowPath& path, const DFBRectangle& rect);
-
 /// Fills the ellipse inside a box, as the software back end does in @p box, exactly: with spans that are entered in the
-/// walk over the flat and the steep part of the outline, and a block in the middle. @p rows is memory to work in.
+/// walk over the flat and the steep part of the outline, and a block in the middle. @p buffer is memory to work in.
 /// Answers false without memory.
-bool fill_ellipse(Buffer<Span>& rows, Extent extent, const DFBRectangle& rect, RowSink& sink);
+bool fill_ellipse(Buffer<Span>& buffer, Extent extent, const DFBRectangle& rect, RowSink& sink);
+
+/// The same, also for ellipses that are partly or wholly outside.
+bool fill_cut_ellipse(Buffer<Span>& buffer, Extent extent, const DFBRectangle& rect, RowSink& sink);
 
 } // namespace zuvo
 

@@ -1,5 +1,6 @@
 #include "engine.h"
 
+#include "box.h"
 #include "box_clip.h"
 #include "ellipse_arc.h"
 #include "ellipse_rows.h"
@@ -37,18 +38,6 @@ int draw_filled(int x, int y, bool blend, const Draw& draw)
     Painter painter = has_pattern ? zuvo::paint_pattern(target.pixels(), pattern.pixels(), x, y, blend)
                                   : zuvo::paint_colour(target.pixels(), engine.fill_colour, blend);
     return draw(painter) ? ZUVO_OK : ZUVO_NO_MEMORY;
-}
-
-void fill_rectangle(const DFBRectangle& rect, Painter& painter)
-{
-    const zuvo::Extent extent = painter.target.extent;
-    const int64_t right = std::min(int64_t(rect.x) + rect.w, int64_t(extent.width));
-    const int64_t bottom = std::min(int64_t(rect.y) + rect.h, int64_t(extent.height));
-    const zuvo::Span span = {std::max(rect.x, 0), static_cast<int>(std::max(right, int64_t(0)))};
-    if (span.left >= span.right)
-        return;
-    for (int row = std::max(rect.y, 0); row < bottom; ++row)
-        painter.take(painter, row, &span, 1);
 }
 
 bool fill_plain_ellipse(const DFBRectangle& rect, bool blend, Painter& painter)
@@ -99,7 +88,8 @@ int zuvo_dtk_draw_rectangle(unsigned int dtk, const DFBRectangle* rect, unsigned
         return ZUVO_NULL_ARGUMENT;
 
     return draw_filled(rect->x, rect->y, flags & ZUVO_DTK_BLEND, [rect](Painter& painter) {
-        fill_rectangle(*rect, painter);
+        const int64_t right = int64_t(rect->x) + rect->w, bottom = int64_t(rect->y) + rect->h;
+        zuvo::give_box({rect->x, rect->y, right, bottom}, painter.target.extent, painter);
         return true;
     });
 }

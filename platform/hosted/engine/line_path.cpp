@@ -3,6 +3,7 @@
 #include "../directfb_core.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zuvo {
 namespace {
@@ -122,21 +123,24 @@ bool line_path(RowPath& path, RowRange rows, DFBPoint from, DFBPoint to)
     const int64_t bottom = int64_t(std::max(from.y, to.y)) + 1;
     if (!path.begin(1, std::max(rows.top, top), std::min(rows.bottom, bottom)))
         return false;
+    path.turns_once = true;
+    path.turn = path.top;
     add_line(path, make_steps(from, to));
     return true;
 }
 
-bool thin_line_path(RowPath& path, Extent extent, DFBPoint from, DFBPoint to)
+bool cut_thin_line(Extent extent, DFBPoint& from, DFBPoint& to)
 {
     DFBRegion line = {from.x, from.y, to.x, to.y};
     const DFBRegion clip = {0, 0, extent.width - 1, extent.height - 1};
     if (is_near(from) && is_near(to) && !directfb_core_clip_line(&clip, &line))
-        return path.begin(1, 0, 0);
+        return false;
 
-    const DFBPoint start = {line.x1, line.y1};
-    const DFBPoint end = {line.x2, line.y2};
-    const bool goes_right = start.x < end.x;
-    return line_path(path, {0, extent.height}, goes_right ? start : end, goes_right ? end : start);
+    from = {line.x1, line.y1};
+    to = {line.x2, line.y2};
+    if (from.x >= to.x)
+        std::swap(from, to);
+    return true;
 }
 
 } // namespace zuvo

@@ -1,18 +1,20 @@
 #include "engine.h"
 
+#include "box.h"
 #include "ellipse_rows.h"
 #include "surface.h"
+#include "thin_outline.h"
 
 using zuvo::engine;
 using zuvo::Extent;
+using zuvo::Painter;
 using zuvo::RowRange;
 
 namespace {
 
-/// Draws an outline with the engine's pen. `make_path(rows, extent)` fills the engine's path with what the pen visits
-/// on these rows and answers false without memory.
-template <typename MakePath>
-int draw_outline(bool blend, const MakePath& make_path)
+/// Draws an outline with the engine's pen: `draw(painter)` answers false without memory.
+template <typename Draw>
+int draw_outline(bool blend, const Draw& draw)
 {
     if (!engine.output)
         return ZUVO_NO_OUTPUT;
@@ -22,12 +24,56 @@ int draw_outline(bool blend, const MakePath& make_path)
     zuvo::OpenSurface target(DIRECTFB_CORE_TARGET);
     if (int error = target.open(engine.output))
         return error;
+    Painter painter = zuvo::paint_colour(target.pixels(), engine.pen.color, blend);
+    return draw(painter) ? ZUVO_OK : ZUVO_NO_MEMORY;
+}
 
-    const Extent extent = target.pixels().extent;
-    zuvo::Painter painter = zuvo::paint_colour(target.pixels(), engine.pen.color, blend);
-    const bool is_drawn = make_path(zuvo::rows_in_reach(engine.pen_rows, extent), extent)
+/// Draws what the pen covers on a path: `make_path(rows)` fills the engine's path with what the pen visits on these
+/// rows and answers false without memory.
+template <typename MakePath>
+bool draw_path(Painter& painter, const MakePath& make_path)
+{
+    const Extent extent = painter.target.extent;
+    return make_path(zuvo::rows_in_reach(engine.pen_rows, extent))
         && zuvo::sweep(engine.sweep_memory, engine.path, engine.pen_rows, extent, painter);
-    return is_drawn ? ZUVO_OK : ZUVO_NO_MEMORY;
+}
+
+/// Where a pen of one pixel leaves it.
+DFBPoint pixel_at(DFBPoint point)
+{
+    const auto moved = [](int coordinate, int distance) { return zuvo::cut_to_far(int64_t(coordinate) + distance); };
+    return {moved(point.x, engine.pen_rows.part(0, 0).left), moved(point.y, engine.pen_rows.top)};
+}
+
+bool draw_line(Painter& painter, DFBPoint from, DFBPoint to)
+{
+    if (engine.pen_rows.is_single_pixel && !zuvo::cut_thin_line(painter.target.extent, from, to))
+        return true;
+    if (engine.pen_rows.covers_one_pixel() && zuvo::draw_thin_line(painter, pixel_at(from), pixel_at(to)))
+        return true;
+    return draw_path(painter, [from, to](RowRange rows) { return zuvo::line_path(engine.path, rows, from, to); });
+}
+
+bool draw_rectangle(Painter& painter, const DFBRectangle& rect)
+{
+    if (engine.pen_rows.is_box && rect.w > 0 && rect.h > 0) {
+        zuvo::give_border(rect, engine.pen_rows, painter.target.extent, painter);
+        return true;
+    }
+    return draw_path(painter, [&rect](RowRange rows) { return zuvo::rectangle_path(engine.path, rows, rect); });
+}
+
+bool draw_ellipse(Painter& painter, const DFBRectangle& rect)
+{
+    const DFBRectangle box = engine.pen_rows.is_single_pixel ? zuvo::inner_box(rect) : rect;
+    if (engine.pen_rows.covers_one_pixel()) {
+        const DFBPoint corner = pixel_at({box.x, box.y});
+        if (zuvo::draw_thin_ellipse(painter, {corner.x, corner.y, box.w, box.h}))
+            return true;
+    }
+    return draw_path(painter, [&box](RowRange rows) {
+        return zuvo::ellipse_path(engine.path, engine.quarter, rows, box);
+    });
 }
 
 } // namespace
@@ -37,11 +83,8 @@ int zuvo_dtk_draw_line(unsigned int dtk, int x1, int y1, int x2, int y2, unsigne
     if (!zuvo::is_engine(dtk))
         return ZUVO_NO_SUCH_ENGINE;
 
-    const DFBPoint from = {x1, y1}, to = {x2, y2};
-    return draw_outline(flags & ZUVO_DTK_BLEND, [from, to](RowRange rows, Extent extent) {
-        return engine.pen_rows.is_single_pixel ? zuvo::thin_line_path(engine.path, extent, from, to)
-                                               : zuvo::line_path(engine.path, rows, from, to);
-    });
+    return draw_outline(flags & ZUVO_DTK_BLEND,
+                        [=](Painter& painter) { return draw_line(painter, {x1, y1}, {x2, y2}); });
 }
 
 int zuvo_dtk_draw_rectangle_border(unsigned int dtk, const DFBRectangle* rect, unsigned int flags)
@@ -51,8 +94,7 @@ int zuvo_dtk_draw_rectangle_border(unsigned int dtk, const DFBRectangle* rect, u
     if (!rect)
         return ZUVO_NULL_ARGUMENT;
 
-    return draw_outline(flags & ZUVO_DTK_BLEND,
-                        [rect](RowRange rows, Extent) { return zuvo::rectangle_path(engine.path, rows, *rect); });
+    return draw_outline(flags & ZUVO_DTK_BLEND, [rect](Painter& painter) { return draw_rectangle(painter, *rect); });
 }
 
 int zuvo_dtk_draw_ellipse_border(unsigned int dtk, const DFBRectangle* rect, unsigned int flags)
@@ -62,8 +104,5 @@ int zuvo_dtk_draw_ellipse_border(unsigned int dtk, const DFBRectangle* rect, uns
     if (!rect)
         return ZUVO_NULL_ARGUMENT;
 
-    return draw_outline(flags & ZUVO_DTK_BLEND, [rect](RowRange rows, Extent) {
-        const DFBRectangle box = engine.pen_rows.is_single_pixel ? zuvo::inner_box(*rect) : *rect;
-        return zuvo::ellipse_path(engine.path, engine.quarter, rows, box);
-    });
+    return draw_outline(flags & ZUVO_DTK_BLEND, [rect](Painter& painter) { return draw_ellipse(painter, *rect); });
 }

@@ -1,52 +1,49 @@
 #include "painter.h"
 
-#include "accel/rows.h"
-
 #include <algorithm>
 #include <cstring>
 
 namespace zuvo {
 namespace {
 
-/// Spans up to this long are not worth a call.
-const int short_span = 8;
-
-/// Four pixels at a time; two fours may overlap.
-void store_short(uint32_t* target, uint32_t colour, int count)
+RowSpans spans_on(const Pixels& target, const SpanRows& rows)
 {
-    const uint32_t four[] = {colour, colour, colour, colour};
-    if (count >= 4) {
-        std::memcpy(target, four, sizeof(four));
-        std::memcpy(target + count - 4, four, sizeof(four));
-        return;
-    }
-    target[0] = colour;
-    target[count / 2] = colour;
-    target[count - 1] = colour;
+    return {target.row(rows.top), target.row_words * sizeof(uint32_t), rows.spans, static_cast<size_t>(rows.step),
+            static_cast<size_t>(rows.count)};
 }
 
-void store_colour(RowSink& self, int row, const Span* spans, int count)
+/// Several spans of one row, as rows that lie on each other.
+RowSpans spans_on(const Pixels& target, int row, const Span* spans, int count)
 {
-    const Painter& painter = static_cast<const Painter&>(self);
-    uint32_t* const pixels = painter.target.row(row);
-    const uint32_t colour = painter.colour;
-    for (int i = 0; i < count; ++i) {
-        uint32_t* const target = pixels + spans[i].left;
-        const int width = spans[i].right - spans[i].left;
-        if (width > short_span)
-            painter.rows->fill(target, colour, static_cast<size_t>(width));
-        else
-            store_short(target, colour, width);
-    }
+    return {target.row(row), 0, spans, 1, static_cast<size_t>(count)};
 }
 
-void blend_colour(RowSink& self, int row, const Span* spans, int count)
+void store_rows(RowSink& self, const SpanRows& rows)
 {
     const Painter& painter = static_cast<const Painter&>(self);
-    uint32_t* const pixels = painter.target.row(row);
-    for (int i = 0; i < count; ++i)
-        painter.rows->blend_colour(pixels + spans[i].left, painter.colour,
-                                   static_cast<size_t>(spans[i].right - spans[i].left));
+    const RowSpans spans = spans_on(painter.target, rows);
+    painter.rows->fill_spans(&spans, painter.colour);
+}
+
+void store_row(RowSink& self, int row, const Span* spans, int count)
+{
+    const Painter& painter = static_cast<const Painter&>(self);
+    const RowSpans on_target = spans_on(painter.target, row, spans, count);
+    painter.rows->fill_spans(&on_target, painter.colour);
+}
+
+void blend_rows(RowSink& self, const SpanRows& rows)
+{
+    const Painter& painter = static_cast<const Painter&>(self);
+    const RowSpans spans = spans_on(painter.target, rows);
+    painter.rows->blend_colour_spans(&spans, painter.colour);
+}
+
+void blend_row(RowSink& self, int row, const Span* spans, int count)
+{
+    const Painter& painter = static_cast<const Painter&>(self);
+    const RowSpans on_target = spans_on(painter.target, row, spans, count);
+    painter.rows->blend_colour_spans(&on_target, painter.colour);
 }
 
 int remainder(int64_t value, int divisor)
@@ -55,20 +52,39 @@ int remainder(int64_t value, int divisor)
     return static_cast<int>(rest < 0 ? rest + divisor : rest);
 }
 
-void write_tiles(RowSink& self, int row, const Span* spans, int count)
+/// Calls `write(target, index, count)` for each part of the spans that lies in one row of the tiles; the index is that
+/// of its first pixel among the tiles' words.
+template <typename Write>
+void write_parts(const Painter& painter, int row, const Span* spans, int count, const Write& write)
 {
-    const Painter& painter = static_cast<const Painter&>(self);
     const Tiles& tiles = painter.tiles;
-    const uint32_t* const source = tiles.pixels.row(remainder(int64_t(row) - tiles.y, tiles.pixels.extent.height));
+    const int tile_row = remainder(int64_t(row) - tiles.y, tiles.pixels.extent.height);
+    const size_t start = static_cast<size_t>(tile_row) * tiles.pixels.row_words;
     uint32_t* const pixels = painter.target.row(row);
     for (int i = 0; i < count; ++i) {
         for (int left = spans[i].left; left < spans[i].right;) {
             const int column = remainder(int64_t(left) - tiles.x, tiles.period);
             const int width = std::min(tiles.pixels.extent.width - column, spans[i].right - left);
-            painter.write_row(pixels + left, source + column, static_cast<size_t>(width));
+            write(pixels + left, start + static_cast<size_t>(column), static_cast<size_t>(width));
             left += width;
         }
     }
+}
+
+void write_tiles(RowSink& self, int row, const Span* spans, int count)
+{
+    const Painter& painter = static_cast<const Painter&>(self);
+    write_parts(painter, row, spans, count, [&painter](uint32_t* target, size_t index, size_t width) {
+        painter.write_row(target, painter.tiles.pixels.words + index, width);
+    });
+}
+
+void blend_prepared_tiles(RowSink& self, int row, const Span* spans, int count)
+{
+    const Painter& painter = static_cast<const Painter&>(self);
+    write_parts(painter, row, spans, count, [&painter](uint32_t* target, size_t index, size_t width) {
+        painter.rows->blend_prepared(target, painter.tiles.pixels.words + index, painter.tiles.rests + index, width);
+    });
 }
 
 void copy_row(uint32_t* target, const uint32_t* source, size_t count)
@@ -82,42 +98,18 @@ void copy_opaque_row(uint32_t* target, const uint32_t* source, size_t count)
         target[i] = source[i] | 0xff000000u;
 }
 
-/// A small pattern is repeated in here until its rows are long enough to be worth a call each.
-const int wide_width = 512;
-const int wide_words = 32 * wide_width;
-uint32_t wide_pattern[wide_words];
+/// A row of one colour, for the blend that takes its source from a row.
+const int colour_width = 512;
+uint32_t colour_row[colour_width];
 
-void repeat_row(uint32_t* target, const uint32_t* source, int period, int width)
-{
-    std::memcpy(target, source, static_cast<size_t>(period) * sizeof(*target));
-    for (int filled = period; filled < width;) {
-        const int copied = std::min(filled, width - filled);
-        std::memcpy(target + filled, target, static_cast<size_t>(copied) * sizeof(*target));
-        filled += copied;
-    }
-}
-
-/// Makes the rows of a pattern longer when it is small.
-void widen(Tiles& tiles)
-{
-    const Extent size = tiles.pixels.extent;
-    const int width = std::min(wide_width, wide_words / size.height);
-    if (width < 2 * size.width)
-        return;
-
-    Pixels wide = {wide_pattern, static_cast<size_t>(width), {width, size.height}, tiles.pixels.has_alpha};
-    for (int row = 0; row < size.height; ++row)
-        repeat_row(wide.row(row), tiles.pixels.row(row), size.width, width);
-    tiles.pixels = wide;
-}
-
-/// DirectFB blends onto a target without alpha in another way, which takes its source from a row.
+/// DirectFB blends onto a target without alpha in another way.
 Painter blend_colour_without_alpha(Painter painter)
 {
     painter.take = write_tiles;
+    painter.paint = Paint::blended_without_alpha;
     painter.write_row = painter.rows->blend_rgb32;
-    painter.tiles = {{wide_pattern, wide_width, {wide_width, 1}, true}, 0, 0, wide_width};
-    painter.rows->fill(wide_pattern, painter.colour, wide_width);
+    painter.tiles = {{colour_row, colour_width, {colour_width, 1}, true}, nullptr, 0, 0, colour_width, false};
+    painter.rows->fill(colour_row, painter.colour, colour_width);
     return painter;
 }
 
@@ -129,27 +121,34 @@ Painter paint_colour(const Pixels& target, uint32_t colour, bool blend)
     painter.target = target;
     painter.colour = colour;
     painter.rows = choose_rows();
-    painter.take = store_colour;
-    if (!blend || colour >> 24 == 0xff)
+    if (blend && colour >> 24 != 0xff) {
+        if (!target.has_alpha)
+            return blend_colour_without_alpha(painter);
+        painter.paint = Paint::blended;
+        painter.take = blend_row;
+        painter.take_rows = blend_rows;
         return painter;
-    if (!target.has_alpha)
-        return blend_colour_without_alpha(painter);
-    painter.take = blend_colour;
+    }
+    painter.paint = Paint::stored;
+    painter.take = store_row;
+    painter.take_rows = store_rows;
     return painter;
 }
 
 Painter paint_pattern(const Pixels& target, const Pixels& pattern, int x, int y, bool blend)
 {
+    const bool blends = blend && pattern.has_alpha;
     Painter painter = {};
     painter.target = target;
     painter.rows = choose_rows();
     painter.take = write_tiles;
-    painter.tiles = {pattern, x, y, pattern.extent.width};
-    widen(painter.tiles);
+    painter.tiles = make_tiles(pattern, x, y, blends && target.has_alpha);
     if (!pattern.has_alpha)
         painter.write_row = copy_opaque_row;
-    else if (!blend)
+    else if (!blend || (target.has_alpha && painter.tiles.is_opaque))
         painter.write_row = copy_row;
+    else if (painter.tiles.rests)
+        painter.take = blend_prepared_tiles;
     else
         painter.write_row = target.has_alpha ? painter.rows->blend : painter.rows->blend_rgb32;
     return painter;

@@ -25,18 +25,21 @@ void store_row(RowSink& self, int row, const Span* spans, int count)
 {
     const PenSink& sink = static_cast<const PenSink&>(self);
     for (int i = 0; i < count; ++i)
-        sink.rows->spans[static_cast<size_t>(2 * row + i)] = {spans[i].left - sink.shift, spans[i].right - sink.shift};
+        sink.rows->spans[2 * static_cast<size_t>(row) + static_cast<size_t>(i)] = {spans[i].left - sink.shift,
+                                                                                   spans[i].right - sink.shift};
     sink.rows->has_second_parts = sink.rows->has_second_parts || count > 1;
 }
 
 bool clear_rows(PenRows& pen, int count)
 {
-    if (!pen.spans.reserve(static_cast<size_t>(2 * count)))
+    const size_t span_count = 2 * static_cast<size_t>(count);
+    if (!pen.spans.reserve(span_count))
         return false;
     pen.row_count = count;
     pen.is_single_pixel = false;
     pen.has_second_parts = false;
-    std::fill_n(pen.spans.items, 2 * count, empty_span);
+    pen.is_box = false;
+    std::fill_n(pen.spans.items, span_count, empty_span);
     return true;
 }
 
@@ -46,8 +49,19 @@ bool fill_all_rows(PenRows& pen, int top, int count, Span span)
         return false;
     pen.top = top;
     for (int row = 0; row < count; ++row)
-        pen.spans[static_cast<size_t>(2 * row)] = span;
+        pen.spans[2 * static_cast<size_t>(row)] = span;
     return true;
+}
+
+bool has_equal_rows(const PenRows& pen)
+{
+    const Span& first = pen.part(0, 0);
+    for (int row = 0; row < pen.row_count; ++row) {
+        const Span& span = pen.part(row, 0);
+        if (is_empty(span) || span.left != first.left || span.right != first.right)
+            return false;
+    }
+    return !pen.has_second_parts;
 }
 
 bool render_quadrilateral(PenRows& pen, PolygonScan& polygon, const FixedPoint (&corners)[4], Extent extent)
@@ -91,7 +105,10 @@ int PenRows::render(PolygonScan& polygon, const zuvo_dtk_pen& pen)
             {pen.x2 * fixed_one, pen.y2 * fixed_one}, {pen.x3 * fixed_one, pen.y3 * fixed_one}};
         has_memory = render_quadrilateral(*this, polygon, corners, extent);
     }
-    return has_memory ? ZUVO_OK : ZUVO_NO_MEMORY;
+    if (!has_memory)
+        return ZUVO_NO_MEMORY;
+    is_box = has_equal_rows(*this);
+    return ZUVO_OK;
 }
 
 } // namespace zuvo

@@ -21,12 +21,19 @@ struct PenRows {
     int render(PolygonScan& polygon, const zuvo_dtk_pen& pen);
 
     /// The first or the second span of a row (index 0 or 1), empty when left is not smaller than right.
-    const Span& part(int row, int index) const { return spans[static_cast<size_t>(2 * row + index)]; }
+    const Span& part(int row, int index) const
+    {
+        return spans[2 * static_cast<size_t>(row) + static_cast<size_t>(index)];
+    }
+
+    /// Whether the pen covers one pixel, not necessarily the point that is drawn.
+    bool covers_one_pixel() const { return is_box && row_count == 1 && part(0, 0).right - part(0, 0).left == 1; }
 
     int top;                ///< The first row.
     int row_count;
     bool is_single_pixel;   ///< 1 x 1 pixel: draws outlines as if there were no pen.
     bool has_second_parts;
+    bool is_box;            ///< All rows are the same single span.
     Buffer<Span> spans;     ///< Two for each row: four corners make no more.
 };
 

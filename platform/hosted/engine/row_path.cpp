@@ -9,6 +9,7 @@ bool RowPath::begin(int new_chain_count, int64_t new_top, int64_t new_bottom)
     top = cut_to_far(new_top);
     bottom = std::max(top, cut_to_far(new_bottom));
     chain_count = new_chain_count;
+    turns_once = false;
 
     const size_t rows = static_cast<size_t>(bottom - top);
     if (!columns.reserve(4 * rows))

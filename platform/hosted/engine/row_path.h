@@ -48,6 +48,12 @@ struct RowPath {
 
     int top, bottom;
     int chain_count;
+
+    /// Whether the chains are connected and, going down, the columns of each go one way as far as the row turn, and
+    /// from there on the other way.
+    bool turns_once;
+    int turn;
+
     Chain chains[2];
     Buffer<int> columns;
 };

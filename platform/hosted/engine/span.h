@@ -1,22 +1,42 @@
 #ifndef ZUVO_SPAN_H
 #define ZUVO_SPAN_H
 
+#include "accel/rows.h"
+
 namespace zuvo {
 
 /// Neighbouring pixels of one row: the columns from left up to, but without, right.
-struct Span {
-    int left, right;
-};
+using Span = RowSpan;
+
+inline bool is_empty(const Span& span)
+{
+    return span.left >= span.right;
+}
 
 /// The size in pixels of what is drawn on; every coordinate from 0 up to it is inside.
 struct Extent {
     int width, height;
 };
 
-/// Takes the coverage of a shape row by row: spans inside the extent, from left to right, which neither overlap nor
-/// touch.
+struct RowSink;
+
+/// One span in each of neighbouring rows; it may be empty.
+struct SpanRows {
+    int top;
+    int count;
+    const Span* spans;
+    int step;               ///< From a row's span to the next row's; 0 when all rows have the same one.
+};
+
+/// Gives spans to a sink row by row.
+void take_each_row(RowSink& sink, const SpanRows& rows);
+
+/// Takes the coverage of a shape: spans inside the extent, no pixel of which is given twice.
 struct RowSink {
+    /// Takes spans of one row, from left to right, which neither overlap nor touch.
     void (*take)(RowSink& self, int row, const Span* spans, int count);
+
+    void (*take_rows)(RowSink& self, const SpanRows& rows) = take_each_row;
 };
 
 } // namespace zuvo

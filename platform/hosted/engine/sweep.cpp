@@ -60,44 +60,78 @@ bool make_hulls(const Hulls& hulls, const RowPath& path, int chain, const PenRow
 }
 
 /// What of the columns from first up to end is on the surface.
-Span visible(int first, int end, Extent extent)
+Span visible(Span span, Extent extent)
 {
-    return {std::max(first, 0), std::min(end, extent.width)};
+    return {std::max(span.left, 0), std::min(span.right, extent.width)};
 }
 
-bool is_empty(Span span)
+/// Joins the spans of a row's two chains if they touch. No span of the left chain begins or ends right of the right
+/// one's.
+void join_touching(Span& left, Span& right)
 {
-    return span.left >= span.right;
+    if (is_empty(left) || is_empty(right) || left.right < right.left)
+        return;
+    left.right = right.right;
+    right = {0, 0};
 }
 
-void give_single(const Hulls& hulls, Extent extent, RowSink& sink)
+/// Gives what each chain covers in each row, `hull_of(chain, row)`. Answers false without memory.
+template <int ChainCount, typename HullOf>
+bool give_chains(SweepMemory& memory, ReachedRows rows, Extent extent, RowSink& sink, const HullOf hull_of)
 {
-    for (int row = hulls.rows.top; row < hulls.rows.bottom; ++row) {
-        const int i = row - hulls.rows.top;
-        const Span span = visible(hulls.first[i], hulls.end[i], extent);
-        if (!is_empty(span))
-            sink.take(sink, row, &span, 1);
+    const int count = rows.bottom - rows.top;
+    if (!memory.spans.reserve(static_cast<size_t>(count) * ChainCount))
+        return false;
+    Span* spans = memory.spans.items;
+    for (int row = rows.top; row < rows.bottom; ++row, spans += ChainCount) {
+        Span seen[ChainCount];
+        for (int chain = 0; chain < ChainCount; ++chain)
+            seen[chain] = visible(hull_of(chain, row), extent);
+        if (ChainCount == 2)
+            join_touching(seen[0], seen[ChainCount - 1]);
+        std::copy_n(seen, ChainCount, spans);
     }
+    for (int chain = 0; chain < ChainCount; ++chain)
+        sink.take_rows(sink, {rows.top, count, memory.spans.items + chain, ChainCount});
+    return true;
 }
 
-/// No hull of the first chain begins or ends right of the second one's.
-void give_pair(const Hulls& left, const Hulls& right, Extent extent, RowSink& sink)
+template <typename HullOf>
+bool give_hulls(SweepMemory& memory, int chain_count, ReachedRows rows, Extent extent, RowSink& sink,
+                const HullOf& hull_of)
 {
-    for (int row = left.rows.top; row < left.rows.bottom; ++row) {
-        const int i = row - left.rows.top;
-        Span spans[2] = {visible(left.first[i], left.end[i], extent), visible(right.first[i], right.end[i], extent)};
-        if (!is_empty(spans[0]) && !is_empty(spans[1])) {
-            const bool are_apart = spans[0].right < spans[1].left;
-            if (!are_apart)
-                spans[0].right = spans[1].right;
-            sink.take(sink, row, spans, are_apart ? 2 : 1);
-        } else if (!is_empty(spans[0])) {
-            sink.take(sink, row, &spans[0], 1);
-        } else if (!is_empty(spans[1])) {
-            sink.take(sink, row, &spans[1], 1);
-        }
-    }
+    return chain_count == 1 ? give_chains<1>(memory, rows, extent, sink, hull_of)
+                            : give_chains<2>(memory, rows, extent, sink, hull_of);
 }
+
+/// What a pen whose rows are all the same covers on a path that turns once.
+class BoxHulls {
+public:
+    BoxHulls(const RowPath& path, const PenRows& pen)
+        : chains_{path.chains[0], path.chains[1]}, end_(path.bottom - path.top - 1), turn_(path.turn - path.top),
+          offset_(path.top + pen.top), reach_(pen.row_count - 1), pen_(pen.part(0, 0))
+    {
+    }
+
+    /// The path is furthest out in the first or the last of the rows from which the pen reaches this one, or at its
+    /// turn.
+    Span operator()(int chain, int row) const
+    {
+        const int* const first = chains_[chain].first;
+        const int* const last = chains_[chain].last;
+        const int a = std::max(row - offset_ - reach_, 0);
+        const int b = std::min(row - offset_, end_);
+        const int c = std::clamp(turn_, a, b);
+        return {std::min(std::min(first[a], first[b]), first[c]) + pen_.left,
+                std::max(std::max(last[a], last[b]), last[c]) + pen_.right};
+    }
+
+private:
+    RowPath::Chain chains_[2];
+    int end_, turn_;                ///< Rows of the path, counted from its first one.
+    int offset_, reach_;
+    Span pen_;
+};
 
 /// The spans of one row, in order and apart from each other.
 class SpanSet {
@@ -137,7 +171,7 @@ void add_run(SpanSet& set, int first, int last, const PenRows& pen, int pen_row,
 {
     for (int part = 0; part < 2; ++part) {
         const Span pen_span = pen.part(pen_row, part);
-        const Span span = visible(first + pen_span.left, last + pen_span.right, extent);
+        const Span span = visible({first + pen_span.left, last + pen_span.right}, extent);
         if (!is_empty(pen_span) && !is_empty(span))
             set.add(span);
     }
@@ -170,6 +204,9 @@ bool sweep(SweepMemory& memory, const RowPath& path, const PenRows& pen, Extent 
         return sweep_scattered(memory, path, pen, extent, sink);
 
     const ReachedRows rows = reached_rows(path, pen, extent);
+    if (pen.is_box && path.turns_once)
+        return give_hulls(memory, path.chain_count, rows, extent, sink, BoxHulls(path, pen));
+
     const size_t count = static_cast<size_t>(rows.bottom - rows.top);
     if (!memory.columns.reserve(4 * count))
         return false;
@@ -180,11 +217,10 @@ bool sweep(SweepMemory& memory, const RowPath& path, const PenRows& pen, Extent 
         if (!make_hulls(hulls[chain], path, chain, pen))
             return sweep_scattered(memory, path, pen, extent, sink);
     }
-    if (path.chain_count == 1)
-        give_single(hulls[0], extent, sink);
-    else
-        give_pair(hulls[0], hulls[1], extent, sink);
-    return true;
+    return give_hulls(memory, path.chain_count, rows, extent, sink, [&hulls](int chain, int row) {
+        const Hulls& hull = hulls[chain];
+        return Span{hull.first[row - hull.rows.top], hull.end[row - hull.rows.top]};
+    });
 }
 
 bool sweep_scattered(SweepMemory& memory, const RowPath& path, const PenRows& pen, Extent extent, RowSink& sink)

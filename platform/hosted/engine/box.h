@@ -1,0 +1,26 @@
+#ifndef ZUVO_BOX_H
+#define ZUVO_BOX_H
+
+#include "pen_rows.h"
+#include "span.h"
+
+#include <cstdint>
+#include <directfb.h>
+
+namespace zuvo {
+
+/// The pixels from left and top up to, but without, right and bottom; none when these are not greater.
+struct Box {
+    int64_t left, top, right, bottom;
+};
+
+/// Gives @p sink what of a box lies inside the extent.
+void give_box(const Box& box, Extent extent, RowSink& sink);
+
+/// Gives @p sink, once, every pixel that a pen whose rows are all the same covers on the border of a box, which has at
+/// least one pixel.
+void give_border(const DFBRectangle& rect, const PenRows& pen, Extent extent, RowSink& sink);
+
+} // namespace zuvo
+
+#endif
