@@ -93,7 +93,7 @@ int main(int argc, char** argv)
         std::fputs(help_text, stdout);
         return 0;
     } catch (const std::exception& failure) {
-        std::fprintf(stderr, "dtk_bench: %s\n", failure.what());
+        std::fprintf(stderr, "bench_contest: %s\n", failure.what());
         return 1;
     }
 }

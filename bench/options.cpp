@@ -9,7 +9,7 @@
 namespace bench {
 
 const char help_text[] =
-    "Usage: dtk_bench [OPTION...] [--dfb:WORD,...] [--zuvo:WORD,...]\n"
+    "Usage: bench_contest [OPTION...] [--dfb:WORD,...] [--zuvo:WORD,...]\n"
     "Measures the toolkit's drawing operations against plain loops and other libraries.\n"
     "\n"
     "  --items REGEX        measure the items whose name contains REGEX\n"

@@ -1,5 +1,5 @@
 /*
- * A clock whose hands and ticks are lines with pens of their own. Escape ends it.
+ * A clock whose hands and ticks are lines, each with a pen of its own. Escape ends it.
  *
  *     cc df_clock.c -o df_clock $(pkg-config --cflags --libs dtkhddvd) -lm
  *     ./df_clock
@@ -13,18 +13,21 @@
 
 enum { side = 480, centre = side / 2 };
 
-/* A hand or a tick reaches from one distance to another one from the centre. A negative distance is behind it. */
+/*
+ * A hand or a tick reaches from one distance to another one from the centre; a negative distance is behind it. Its
+ * pen is a rhombus that points where the hand does: `point` pixels ahead, `half_width` pixels to either side.
+ */
 typedef struct Hand {
-    int from, to;
-    DTKHDDVDPenShape pen;
-    u8 r, g, b, a;
+    int from, to, point, half_width;
+    DFBColor color;
 } Hand;
 
-static const Hand minute_tick = {196, 202, {-1, -1, 2, -1, 2, 2, -1, 2}, 0x70, 0x78, 0x88, 0xFF};
-static const Hand hour_tick = {184, 200, {-3, -3, 4, -3, 4, 4, -3, 4}, 0xE8, 0xE8, 0xF0, 0xFF};
-static const Hand hour_hand = {-24, 112, {-4, -9, 4, -9, 9, 4, -9, 9}, 0xF0, 0xF0, 0xF8, 0xC0};
-static const Hand minute_hand = {-30, 172, {0, -7, 7, 0, 0, 7, -7, 0}, 0xF0, 0xF0, 0xF8, 0xC0};
-static const Hand second_hand = {-48, 188, {-1, -2, 2, -1, 1, 2, -2, 1}, 0xFF, 0x58, 0x40, 0xFF};
+static const Hand minute_tick = {196, 202, 3, 2, {0xFF, 0x70, 0x78, 0x88}};
+static const Hand hour_tick = {182, 196, 8, 6, {0xFF, 0xE8, 0xE8, 0xF0}};
+static const Hand hour_hand = {-12, 92, 24, 11, {0xFF, 0xF0, 0xF0, 0xF8}};
+static const Hand minute_hand = {-18, 150, 28, 8, {0xFF, 0xD8, 0xDC, 0xE8}};
+static const Hand second_hand = {-40, 176, 14, 3, {0xFF, 0xFF, 0x58, 0x40}};
+static const DFBColor shadow = {0x58, 0x00, 0x00, 0x00};
 
 static void check(DFBResult result)
 {
@@ -41,26 +44,45 @@ static DFBPoint point_at(double turn, int distance)
     return point;
 }
 
-static void draw_hand(DTKHDDVD *toolkit, const Hand *hand, double turn)
+static DTKHDDVDPenShape pen_shape(const Hand *hand, double turn)
 {
-    const DFBPoint from = point_at(turn, hand->from), to = point_at(turn, hand->to);
+    const DFBPoint ahead = point_at(turn, hand->point), right = point_at(turn + 0.25, hand->half_width);
+    const int x = ahead.x - centre, y = ahead.y - centre, side_x = right.x - centre, side_y = right.y - centre;
+    const DTKHDDVDPenShape shape = {x, y, side_x, side_y, -x, -y, -side_x, -side_y};
 
-    check(toolkit->Line(toolkit, from.x, from.y, to.x, to.y));
+    return shape;
 }
 
-/* Draws a hand `count` times, evenly round the face, beginning at `turn`. */
-static void draw_hands(DTKHDDVD *toolkit, const Hand *hand, int count, double turn)
+/* `drop` is how far below its place the hand is drawn: shadows lie a little lower. */
+static void draw_hand(DTKHDDVD *toolkit, const Hand *hand, double turn, DFBColor color, int drop)
 {
+    const DFBPoint from = point_at(turn, hand->from), to = point_at(turn, hand->to);
+    const DTKHDDVDPenShape shape = pen_shape(hand, turn);
     DTKHDDVDPen *pen;
-    int i;
 
-    check(toolkit->CreatePen(toolkit, &hand->pen, &pen));
+    check(toolkit->CreatePen(toolkit, &shape, &pen));
     check(toolkit->SetPen(toolkit, pen));
-    check(toolkit->SetStrokeColor(toolkit, hand->r, hand->g, hand->b, hand->a));
-    for (i = 0; i < count; ++i)
-        draw_hand(toolkit, hand, turn + (double)i / count);
+    check(toolkit->SetStrokeColor(toolkit, color.r, color.g, color.b, color.a));
+    check(toolkit->Line(toolkit, from.x, from.y + drop, to.x, to.y + drop));
     check(toolkit->SetPen(toolkit, NULL));
     pen->Release(pen);
+}
+
+static void draw_hand_and_shadow(DTKHDDVD *toolkit, const Hand *hand, double turn)
+{
+    draw_hand(toolkit, hand, turn, shadow, 6);
+    draw_hand(toolkit, hand, turn, hand->color, 0);
+}
+
+static void draw_ticks(DTKHDDVD *toolkit)
+{
+    int minute;
+
+    for (minute = 0; minute < 60; ++minute) {
+        const Hand *tick = minute % 5 ? &minute_tick : &hour_tick;
+
+        draw_hand(toolkit, tick, minute / 60.0, tick->color, 0);
+    }
 }
 
 static void draw_disc(DTKHDDVD *toolkit, int radius, u8 r, u8 g, u8 b, u8 a)
@@ -76,13 +98,13 @@ static void draw_clock(DTKHDDVD *toolkit, int hour, int minute, int second)
     draw_disc(toolkit, 226, 0x2C, 0x34, 0x48, 0xFF);
     draw_disc(toolkit, 214, 0x1C, 0x22, 0x30, 0xFF);
     draw_disc(toolkit, 120, 0x50, 0x90, 0xE0, 0x30);
-    draw_hands(toolkit, &minute_tick, 60, 0);
-    draw_hands(toolkit, &hour_tick, 12, 0);
+    draw_ticks(toolkit);
 
-    draw_hands(toolkit, &hour_hand, 1, (hour * 60 + minute) / 720.0);
-    draw_hands(toolkit, &minute_hand, 1, (minute * 60 + second) / 3600.0);
-    draw_hands(toolkit, &second_hand, 1, second / 60.0);
-    draw_disc(toolkit, 10, 0xFF, 0x58, 0x40, 0xFF);
+    draw_hand_and_shadow(toolkit, &hour_hand, (hour * 60 + minute) / 720.0);
+    draw_hand_and_shadow(toolkit, &minute_hand, (minute * 60 + second) / 3600.0);
+    draw_hand_and_shadow(toolkit, &second_hand, second / 60.0);
+    draw_disc(toolkit, 12, 0xFF, 0x58, 0x40, 0xFF);
+    draw_disc(toolkit, 5, 0x1C, 0x22, 0x30, 0xFF);
 }
 
 static void draw_frame(IDirectFBSurface *screen, DTKHDDVD *toolkit, int hour, int minute, int second)

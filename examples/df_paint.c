@@ -1,11 +1,12 @@
 /*
- * Paints with the mouse: the left button draws with the pen, the right one wipes. 1 to 4 choose the pen, R, G, B and W
- * its colour, space clears, Escape ends it.
+ * Paints with the mouse: the left button draws with the pen, the right one wipes. 1 to 4 choose the pen, R, G, B, Y
+ * and W its colour, space clears, Escape ends it.
  *
- *     cc df_paint.c -o df_paint $(pkg-config --cflags --libs dtkhddvd)
+ *     cc df_paint.c -o df_paint $(pkg-config --cflags --libs dtkhddvd) -lm
  *     ./df_paint
  *     ./df_paint --dfb:system=dummy --dump DIRECTORY      paints by itself and writes a picture
  */
+#include <math.h>
 #include <string.h>
 
 #include <dtkhddvd.h>
@@ -21,6 +22,15 @@ static const DTKHDDVDPenShape shapes[pen_count] = {
 static const DTKHDDVDPenShape wiper_shape = {-16, -16, 16, -16, 16, 16, -16, 16};
 static const DFBColor paper = {0xFF, 0xFA, 0xF7, 0xEE}, ink = {0xFF, 0x28, 0x2C, 0x38};
 
+static const struct {
+    DFBInputDeviceKeySymbol key;
+    DFBColor color;
+} colors[] = {
+    {DIKS_SMALL_R, {0xFF, 0xC8, 0x38, 0x30}}, {DIKS_SMALL_G, {0xFF, 0x28, 0x88, 0x50}},
+    {DIKS_SMALL_B, {0xFF, 0x28, 0x60, 0xB8}}, {DIKS_SMALL_Y, {0xFF, 0xF0, 0xB8, 0x28}},
+    {DIKS_SMALL_W, {0xFF, 0xFF, 0xFF, 0xFF}},
+};
+
 typedef struct Painter {
     IDirectFB *dfb;
     IDirectFBSurface *screen;
@@ -28,7 +38,7 @@ typedef struct Painter {
     DTKHDDVDPen *pens[pen_count], *wiper;
     DTKHDDVDPen *pen;
     DFBColor color;
-    DFBPoint cursor;
+    DFBPoint mouse, cursor;
     int has_ended;
 } Painter;
 
@@ -92,63 +102,41 @@ static int limit(int value, int end)
 }
 
 /* Mice tell how far they moved, touch screens and windows where they are. */
-static DFBPoint moved_cursor(const Painter *painter, const DFBInputEvent *event)
+static void move_mouse(DFBPoint *mouse, const DFBInputEvent *event)
 {
     const int is_absolute = (event->flags & DIEF_AXISABS) != 0;
-    DFBPoint point = painter->cursor;
 
     if (event->axis == DIAI_X)
-        point.x = limit(is_absolute ? event->axisabs : point.x + event->axisrel, width);
+        mouse->x = limit(is_absolute ? event->axisabs : mouse->x + event->axisrel, width);
     if (event->axis == DIAI_Y)
-        point.y = limit(is_absolute ? event->axisabs : point.y + event->axisrel, height);
-    return point;
+        mouse->y = limit(is_absolute ? event->axisabs : mouse->y + event->axisrel, height);
 }
 
 static void follow_mouse(Painter *painter, const DFBInputEvent *event)
 {
-    const DFBPoint point = moved_cursor(painter, event);
-
+    move_mouse(&painter->mouse, event);
+    /* The other axis of the same movement comes at once. */
+    if (event->flags & DIEF_FOLLOW)
+        return;
     if (event->buttons & DIBM_LEFT)
-        stroke_to(painter, point, painter->pen, painter->color);
+        stroke_to(painter, painter->mouse, painter->pen, painter->color);
     else if (event->buttons & DIBM_RIGHT)
-        stroke_to(painter, point, painter->wiper, paper);
-    painter->cursor = point;
-}
-
-static void choose_color(Painter *painter, u8 r, u8 g, u8 b)
-{
-    const DFBColor color = {0xFF, r, g, b};
-
-    painter->color = color;
+        stroke_to(painter, painter->mouse, painter->wiper, paper);
+    painter->cursor = painter->mouse;
 }
 
 static void follow_key(Painter *painter, DFBInputDeviceKeySymbol key)
 {
-    switch (key) {
-    case DIKS_1: case DIKS_2: case DIKS_3: case DIKS_4:
+    size_t i;
+
+    if (key >= DIKS_1 && key < DIKS_1 + pen_count)
         painter->pen = painter->pens[key - DIKS_1];
-        break;
-    case DIKS_SMALL_R:
-        choose_color(painter, 0xC8, 0x38, 0x30);
-        break;
-    case DIKS_SMALL_G:
-        choose_color(painter, 0x28, 0x88, 0x50);
-        break;
-    case DIKS_SMALL_B:
-        choose_color(painter, 0x28, 0x60, 0xB8);
-        break;
-    case DIKS_SMALL_W:
-        choose_color(painter, 0xFF, 0xFF, 0xFF);
-        break;
-    case DIKS_SPACE:
+    for (i = 0; i < sizeof colors / sizeof *colors; ++i)
+        if (key == colors[i].key)
+            painter->color = colors[i].color;
+    if (key == DIKS_SPACE)
         clear(painter);
-        break;
-    case DIKS_ESCAPE:
-        painter->has_ended = 1;
-        break;
-    default:
-        break;
-    }
+    painter->has_ended = painter->has_ended || key == DIKS_ESCAPE;
 }
 
 static void follow(Painter *painter, const DFBInputEvent *event)
@@ -175,61 +163,67 @@ static void paint_with_mouse(Painter *painter)
     events->Release(events);
 }
 
-/* One movement of the demonstration: a key before it, the button that is held, and where the mouse goes. */
-typedef struct Move {
-    DFBInputDeviceKeySymbol key;
+/*
+ * One stroke of the demonstration: the keys before it, the button that is held, and a curve about (x, y) from one turn
+ * to another. With petals the curve swings to the middle and back that often on its way round.
+ */
+typedef struct Stroke {
+    DFBInputDeviceKeySymbol pen, color;
     DFBInputDeviceButtonMask button;
-    int x, y;
-} Move;
+    double x, y, width, height, from, to, petals;
+} Stroke;
 
-static const Move moves[] = {
-    /* A hill, its sun and some grass ... */
-    {DIKS_3, 0, 30, 330}, {DIKS_SMALL_G, DIBM_LEFT, 160, 230}, {0, DIBM_LEFT, 260, 280},
-    {0, DIBM_LEFT, 420, 160}, {0, DIBM_LEFT, 610, 330},
-    {DIKS_4, 0, 500, 70}, {DIKS_SMALL_R, DIBM_LEFT, 530, 60}, {0, DIBM_LEFT, 550, 90}, {0, DIBM_LEFT, 525, 110},
-    {0, DIBM_LEFT, 500, 95}, {0, DIBM_LEFT, 500, 70}, {0, DIBM_LEFT, 525, 85},
-    {DIKS_1, 0, 90, 372}, {DIKS_SMALL_G, DIBM_LEFT, 96, 340}, {0, DIBM_LEFT, 102, 372}, {0, DIBM_LEFT, 112, 346},
-    {0, DIBM_LEFT, 116, 372},
-    /* ... a house, with a roof and a window wiped out of its wall ... */
-    {DIKS_4, 0, 240, 340}, {DIKS_SMALL_B, DIBM_LEFT, 380, 340}, {0, DIBM_LEFT, 380, 320}, {0, DIBM_LEFT, 240, 320},
-    {0, DIBM_LEFT, 240, 300}, {0, DIBM_LEFT, 380, 300}, {0, DIBM_LEFT, 380, 280}, {0, DIBM_LEFT, 240, 280},
-    {DIKS_2, 0, 220, 268}, {DIKS_SMALL_R, DIBM_LEFT, 310, 210}, {0, DIBM_LEFT, 400, 268}, {0, DIBM_LEFT, 220, 268},
-    {0, 0, 310, 310}, {0, DIBM_RIGHT, 311, 310},
-    /* ... and a cloud. */
-    {DIKS_4, 0, 90, 90}, {DIKS_SMALL_W, DIBM_LEFT, 130, 70}, {0, DIBM_LEFT, 170, 90}, {0, DIBM_LEFT, 210, 76},
-    {0, DIBM_LEFT, 230, 100}, {0, DIBM_LEFT, 96, 100},
+static const Stroke strokes[] = {
+    {DIKS_4, DIKS_SMALL_G, DIBM_LEFT, 320, 520, 420, 150, -0.2, 0.2, 0},
+    {DIKS_3, DIKS_SMALL_G, DIBM_LEFT, 150, 275, -20, 115, 0, 0.5, 0},
+    {DIKS_3, DIKS_SMALL_G, DIBM_LEFT, 320, 255, 26, 125, 0, 0.5, 0},
+    {DIKS_3, DIKS_SMALL_G, DIBM_LEFT, 490, 275, 20, 115, 0, 0.5, 0},
+    {DIKS_2, DIKS_SMALL_G, DIBM_LEFT, 104, 330, 36, 15, 0.25, 1.25, 0},
+    {DIKS_2, DIKS_SMALL_G, DIBM_LEFT, 378, 300, 36, 15, 0.75, 1.75, 0},
+    {DIKS_2, DIKS_SMALL_G, DIBM_LEFT, 536, 335, 36, 15, 0.75, 1.75, 0},
+    {DIKS_3, DIKS_SMALL_B, DIBM_LEFT, 150, 160, 80, 80, 0, 0.5, 3},
+    {DIKS_3, DIKS_SMALL_R, DIBM_LEFT, 320, 125, 95, 95, 0, 0.5, 5},
+    {DIKS_3, DIKS_SMALL_B, DIBM_LEFT, 490, 160, 80, 80, 0, 1, 2},
+    {DIKS_4, DIKS_SMALL_Y, DIBM_LEFT, 150, 160, 5, 5, 0, 1, 0},
+    {DIKS_4, DIKS_SMALL_Y, DIBM_LEFT, 320, 125, 5, 5, 0, 1, 0},
+    {DIKS_4, DIKS_SMALL_W, DIBM_LEFT, 490, 160, 5, 5, 0, 1, 0},
 };
 
-static void move_axis(Painter *painter, const Move *move, DFBInputDeviceAxisIdentifier axis, int position)
+static void press(Painter *painter, DFBInputDeviceKeySymbol key)
 {
-    const DFBInputEvent event = {
-        .type = DIET_AXISMOTION, .flags = DIEF_AXISABS, .axis = axis, .axisabs = position, .buttons = move->button};
+    const DFBInputEvent event = {.type = DIET_KEYPRESS, .key_symbol = key};
 
     follow(painter, &event);
 }
 
-/* Moves in small steps of one axis after the other, as mice do. */
-static void move_to(Painter *painter, const Move *move)
+static void move_to(Painter *painter, DFBInputDeviceButtonMask button, const Stroke *stroke, double turn)
 {
-    const DFBPoint from = painter->cursor;
-    const int steps = 50;
-    int i;
+    const double angle = 2 * 3.14159265358979323846 * turn, swing = cos(stroke->petals * angle);
+    DFBInputEvent event = {.type = DIET_AXISMOTION, .buttons = button};
 
-    for (i = 1; i <= steps; ++i) {
-        move_axis(painter, move, DIAI_X, from.x + (move->x - from.x) * i / steps);
-        move_axis(painter, move, DIAI_Y, from.y + (move->y - from.y) * i / steps);
-    }
+    event.flags = DIEF_AXISABS | DIEF_FOLLOW;
+    event.axis = DIAI_X;
+    event.axisabs = (int)lround(stroke->x + stroke->width * swing * sin(angle));
+    follow(painter, &event);
+    event.flags = DIEF_AXISABS;
+    event.axis = DIAI_Y;
+    event.axisabs = (int)lround(stroke->y - stroke->height * swing * cos(angle));
+    follow(painter, &event);
 }
 
 static void paint_by_itself(Painter *painter)
 {
+    const int steps = 240;
     size_t i;
+    int step;
 
-    for (i = 0; i < sizeof moves / sizeof *moves; ++i) {
-        const DFBInputEvent press = {.type = DIET_KEYPRESS, .key_symbol = moves[i].key};
-
-        follow(painter, &press);
-        move_to(painter, &moves[i]);
+    for (i = 0; i < sizeof strokes / sizeof *strokes; ++i) {
+        press(painter, strokes[i].pen);
+        press(painter, strokes[i].color);
+        move_to(painter, 0, &strokes[i], strokes[i].from);
+        for (step = 0; step <= steps; ++step)
+            move_to(painter, strokes[i].button, &strokes[i],
+                    strokes[i].from + (strokes[i].to - strokes[i].from) * step / steps);
     }
 }
 

@@ -7,6 +7,7 @@
 #include <dtkhddvd.h>
 
 #include "platform.h"
+#include "sheet.h"
 #include "write_png.h"
 
 namespace {
@@ -57,52 +58,16 @@ using Pen = Owned<DTKHDDVDPen>;
 using Toolkit = Owned<DTKHDDVD>;
 using Surface = Owned<IDirectFBSurface>;
 
-Surface create_surface(IDirectFB* dfb, int width, int height)
+void draw_captions(const tools::Sheet& sheet)
 {
-    DFBSurfaceDescription description = {};
-    description.flags = static_cast<DFBSurfaceDescriptionFlags>(DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT);
-    description.width = width;
-    description.height = height;
-    description.pixelformat = DSPF_ARGB;
-    IDirectFBSurface* surface = nullptr;
-    check(dfb->CreateSurface(dfb, &description, &surface), "cannot create a surface");
-    return Surface(surface);
-}
-
-void draw_checkerboard(IDirectFBSurface* sheet)
-{
-    constexpr int size = 10;
-    check(sheet->Clear(sheet, 0xFF, 0xFF, 0xFF, 0xFF), "cannot clear the sheet");
-    check(sheet->SetColor(sheet, 0xE4, 0xE6, 0xEA, 0xFF), "cannot set a colour");
-    const int top = margin + caption_height;
-    for (int y = 0; y < rows * cell_height / size; ++y) {
-        for (int x = y % 2; x < columns * cell_width / size; x += 2)
-            check(sheet->FillRectangle(sheet, margin + x * size, top + y * size, size, size), "cannot fill");
-    }
-}
-
-/// DirectFB's own font may not be installed; the sheet is then without captions.
-void draw_captions(IDirectFB* dfb, IDirectFBSurface* sheet)
-{
-    DFBFontDescription description = {};
-    description.flags = DFDESC_HEIGHT;
-    description.height = 14;
-    IDirectFBFont* font = nullptr;
-    if (dfb->CreateFont(dfb, GALLERY_FONT, &description, &font) != DFB_OK)
-        return;
-    const Owned<IDirectFBFont> owned_font(font);
-    check(sheet->SetFont(sheet, font), "cannot set the font");
-    check(sheet->SetColor(sheet, 0x30, 0x34, 0x3C, 0xFF), "cannot set a colour");
-    for (int column = 0; column < columns; ++column) {
-        const int x = margin + column * cell_width + cell_width / 2;
-        check(sheet->DrawString(sheet, manners[column].caption, -1, x, margin, DSTF_TOPCENTER), "cannot write");
-    }
+    for (int column = 0; column < columns; ++column)
+        sheet.write(manners[column].caption, margin + column * cell_width + cell_width / 2, margin);
 }
 
 /// A tile with a dark edge at two sides and a light diagonal.
 Surface create_texture(IDirectFB* dfb)
 {
-    Surface texture = create_surface(dfb, 12, 12);
+    Surface texture = tools::create_surface(dfb, 12, 12, DSPF_ARGB);
     IDirectFBSurface* tile = texture.get();
     check(tile->Clear(tile, 0xB8, 0xA9, 0xE0, 0xFF), "cannot clear the texture");
     check(tile->SetColor(tile, 0x7C, 0x6B, 0xB5, 0xFF), "cannot set a colour");
@@ -204,11 +169,11 @@ void draw_shapes(const tools::Platform& platform, IDirectFBSurface* sheet)
 void draw_gallery(const std::string& file, tools::BackEnd back_end, const std::vector<std::string>& words)
 {
     const tools::Platform platform(sheet_width, sheet_height, back_end, words);
-    const Surface sheet = create_surface(platform.dfb(), sheet_width, sheet_height);
-    draw_checkerboard(sheet.get());
-    draw_captions(platform.dfb(), sheet.get());
-    draw_shapes(platform, sheet.get());
-    tools::write_png(file, sheet.get());
+    const tools::Sheet sheet(platform.dfb(), sheet_width, sheet_height);
+    sheet.fill_checks({margin, margin + caption_height, columns * cell_width, rows * cell_height}, 10);
+    draw_captions(sheet);
+    draw_shapes(platform, sheet.surface());
+    tools::write_png(file, sheet.surface());
 }
 
 } // namespace

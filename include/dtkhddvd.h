@@ -231,7 +231,10 @@ DFBResult DTKHDDVD_Ellipse_SW(DTKHDDVD *thiz, const DFBRectangle *rect, u32 flag
 DFBResult DTKHDDVD_Ellipse_HW(DTKHDDVD *thiz, const DFBRectangle *rect, u32 flags);
 
 /** @} */
-/** @name Pens @{ */
+/**
+ * @name Pens
+ * @{
+ */
 
 /** Takes one more reference on the pen. */
 DFBResult DTKHDDVDPen_AddRef(DTKHDDVDPen *thiz);

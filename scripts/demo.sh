@@ -1,6 +1,6 @@
 #!/bin/sh
-# demo.sh [OPTION...]: frames of the benchmark program and the gallery, by each back end. The options go to dtk_demo, where
-# they replace the usual ones.
+# demo.sh [OPTION...]: frames of the benchmark program and the gallery, by each back end, then a window where there is a
+# display. The options go to dtk_demo, where they replace the usual ones.
 set -eu
 . "$(dirname "$0")/common.sh"
 
@@ -34,11 +34,16 @@ pictures=''
 for back_end in $back_ends; do
     frames=$(picture_of "$picture" "$back_end") gallery=$(picture_of "$build/gallery.png" "$back_end")
     say "drawing ($back_end) ..."
-    "$build/dtk_demo" --frames 100 --size 1280x720 "$@" --backend "$back_end" --png "$frames" ||
+    env -u DISPLAY "$build/dtk_demo" --frames 100 --size 1280x720 "$@" --backend "$back_end" --png "$frames" ||
         fail "the demo program failed: see its message above"
-    "$build/gallery" "$gallery" "$back_end" || fail "the gallery program failed: see its message above"
+    env -u DISPLAY "$build/gallery" "$gallery" "$back_end" || fail "the gallery program failed: see its message above"
     pictures="$pictures
   $frames
   $gallery"
 done
+if [ -n "${DISPLAY-}" ]; then
+    say "A window shows the frames; Ctrl-C or closing it ends it."
+    "$build/dtk_demo" --seconds 20 --rate 60 --size 1280x720 "$@" ||
+        fail "the window failed: see the message above; without DISPLAY there are only pictures"
+fi
 say "The pictures:$pictures"

@@ -9,8 +9,10 @@ packages_of() {
         build)
             echo cmake make g++ pkg-config libdirectfb-dev libdirectfb-extra libpng-dev libpixman-1-dev zlib1g-dev dpkg-dev
             ;;
-        test) echo libgtest-dev libgmock-dev ;;
-        bench) echo libbenchmark-dev ;;
+        test) echo libgtest-dev libgmock-dev valgrind xvfb x11-utils python3-cffi mandoc doxygen file abigail-tools ;;
+        docs) echo doxygen mandoc ;;
+        deb) echo lintian file ;;
+        bench) echo libbenchmark-dev gnuplot-nox ;;
         # Libraries that the benchmarks compare with: each is left out where it cannot be had.
         peers) echo qtbase5-dev libagg-dev libimlib2-dev liballegro5-dev libsdl2-gfx-dev libgd-dev ;;
         i386) echo g++-i686-linux-gnu ;;
@@ -19,7 +21,6 @@ packages_of() {
         fuzz) echo clang libclang-rt-14-dev llvm-14 ;;
         check) echo clang clang-tidy cppcheck libclang-rt-14-dev ;;
         coverage) echo gcovr ;;
-        abi) echo abigail-tools ;;
         *) fail "packages.sh: no list is named $1" ;;
     esac
 }

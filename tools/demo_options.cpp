@@ -1,9 +1,10 @@
 #include "demo_options.h"
 
+#include <cmath>
 #include <cstdio>
 #include <stdexcept>
 
-#include <getopt.h>
+#include "options.h"
 
 namespace tools {
 
@@ -11,7 +12,9 @@ const char demo_help[] =
     "Usage: dtk_demo [OPTION...] [--dfb:WORD,...] [--zuvo:WORD,...]\n"
     "Draws the frames of test_dtkhd and reports how fast.\n"
     "\n"
-    "  --frames N           how many frames to draw (200)\n"
+    "  --frames N           how many frames to draw (200, or as many as --seconds allows)\n"
+    "  --seconds S          how long to draw\n"
+    "  --rate N             at most N frames a second\n"
     "  --size WxH           size of the display in pixels (1280x720)\n"
     "  --png FILE           write the last frame to FILE\n"
     "  --backend software   draw in software\n"
@@ -19,16 +22,20 @@ const char demo_help[] =
     "  --help               show this help\n"
     "\n"
     "--dfb: words are for DirectFB (--dfb:system=x11) and --zuvo: words for the platform (--zuvo:accel=off).\n"
-    "Without a display nothing is shown. Ctrl-C ends the program after the frame.\n";
+    "Without a display nothing is shown. Ctrl-C ends the program after the frame, closing its window ends it at\n"
+    "once.\n";
 
 namespace {
 
 // Smaller displays would leave the shapes of a frame wholly outside.
 constexpr int smallest_width = 320, smallest_height = 240;
 constexpr int largest_side = 8192;
+constexpr int default_frames = 200;
 
 const option long_options[] = {
     {"frames", required_argument, nullptr, 'f'},
+    {"seconds", required_argument, nullptr, 't'},
+    {"rate", required_argument, nullptr, 'r'},
     {"size", required_argument, nullptr, 's'},
     {"png", required_argument, nullptr, 'p'},
     {"backend", required_argument, nullptr, 'b'},
@@ -38,11 +45,11 @@ const option long_options[] = {
 
 int parse_frames(const char* text)
 {
-    int frames = 0;
-    char rest;
-    if (std::sscanf(text, "%9d%c", &frames, &rest) != 1 || frames < 1)
-        throw std::invalid_argument(std::string("--frames takes a number from 1, not '") + text + "'");
-    return frames;
+    const char wanted[] = "a number from 1";
+    const double frames = parse_number("--frames", text, 1, wanted);
+    if (frames != std::floor(frames))
+        throw std::invalid_argument(std::string("--frames takes ") + wanted + ", not '" + text + "'");
+    return static_cast<int>(frames);
 }
 
 void parse_size(const char* text, DemoOptions& options)
@@ -54,45 +61,31 @@ void parse_size(const char* text, DemoOptions& options)
         throw std::invalid_argument(std::string("--size takes 320x240 to 8192x8192, not '") + text + "'");
 }
 
-void apply(int letter, const char* argument, DemoOptions& options)
+void apply(int letter, const char* value, DemoOptions& options)
 {
     switch (letter) {
     case 'f':
-        options.frames = parse_frames(optarg);
+        options.frames = parse_frames(value);
+        break;
+    case 't':
+        options.seconds = parse_number("--seconds", value, 0.001, "a number above 0");
+        break;
+    case 'r':
+        options.rate = parse_number("--rate", value, 0.1, "a number from 0.1");
         break;
     case 's':
-        parse_size(optarg, options);
+        parse_size(value, options);
         break;
     case 'p':
-        options.png = optarg;
+        options.png = value;
         break;
     case 'b':
-        options.back_end = back_end_named(optarg);
-        break;
-    case 'h':
-        options.help = true;
+        options.back_end = back_end_named(value);
         break;
     default:
-        throw std::invalid_argument(std::string(argument) + (letter == ':' ? " lacks its value" : " is no option"));
+        options.help = true;
+        break;
     }
-}
-
-void read_options(std::vector<char*>& arguments, DemoOptions& options)
-{
-    const auto count = static_cast<int>(arguments.size());
-    arguments.push_back(nullptr);
-
-    // The leading + keeps the arguments in order, so that optind names the one that is read next.
-    for (;;) {
-        const char* argument = arguments[static_cast<std::size_t>(optind)];
-        const int letter = getopt_long(count, arguments.data(), "+:", long_options, nullptr);
-        if (letter == -1)
-            break;
-        apply(letter, argument, options);
-    }
-    if (optind < count)
-        throw std::invalid_argument(std::string("unexpected argument '") + arguments[static_cast<std::size_t>(optind)] +
-                                    "'");
 }
 
 } // namespace
@@ -100,14 +93,10 @@ void read_options(std::vector<char*>& arguments, DemoOptions& options)
 DemoOptions parse_demo_options(int argc, char** argv)
 {
     DemoOptions options;
-    std::vector<char*> arguments;
-    for (int i = 0; i < argc; ++i) {
-        if (is_platform_word(argv[i]))
-            options.words.push_back(argv[i]);
-        else
-            arguments.push_back(argv[i]);
-    }
-    read_options(arguments, options);
+    read_options(other_arguments(argc, argv, options.words), long_options,
+                 [&](int letter, const char* value) { apply(letter, value, options); });
+    if (!options.frames && options.seconds == 0)
+        options.frames = default_frames;
     return options;
 }
 

@@ -11,7 +11,9 @@ namespace tools {
 /// What dtk_demo was asked for.
 struct DemoOptions {
     bool help = false;
-    int frames = 200;
+    int frames = 0;     ///< How many to draw; 0 for as many as there is time for.
+    double seconds = 0; ///< How long to draw; 0 for as long as it takes.
+    double rate = 0;    ///< How many frames a second at the most; 0 for as many as can be drawn.
     int width = 1280, height = 720;
     std::string png; ///< Where the last frame goes; empty for nowhere.
     BackEnd back_end = BackEnd::any;

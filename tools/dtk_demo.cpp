@@ -1,36 +1,68 @@
+#include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <stdexcept>
+#include <thread>
+
+#include <unistd.h>
 
 #include <dtkhddvd.h>
 
 #include "demo_options.h"
 #include "platform.h"
+#include "window.h"
 #include "write_png.h"
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
+using Seconds = std::chrono::duration<double>;
 
 volatile std::sig_atomic_t interrupted = 0;
 
 /// test_dtkhd draws until a call fails. Its calls of Flip come here, and the one that shows the last frame fails.
 struct Run {
     DFBResult (*flip)(IDirectFBSurface* surface, const DFBRegion* region, DFBSurfaceFlipFlags flags);
-    int wanted_frames;
-    int frames;
-    Clock::duration duration;
+    const tools::DemoOptions* options;
+    const char* manner;
+    Clock::time_point start;
+    std::atomic<int> frames;
 };
 
 Run run;
+
+double seconds_since_start()
+{
+    return Seconds(Clock::now() - run.start).count();
+}
+
+bool was_last_frame()
+{
+    const tools::DemoOptions& options = *run.options;
+    return interrupted || (options.frames && run.frames >= options.frames) ||
+           (options.seconds > 0 && seconds_since_start() >= options.seconds);
+}
+
+/// The frame that was shown stays until the next one is due. Short naps let Ctrl-C end it soon.
+void keep_rate()
+{
+    if (run.options->rate == 0)
+        return;
+    const double due = run.frames / run.options->rate;
+    for (double now = seconds_since_start(); now < due && !was_last_frame(); now = seconds_since_start())
+        std::this_thread::sleep_for(Seconds(std::min(due - now, 0.02)));
+}
 
 DFBResult flip_and_count(IDirectFBSurface* surface, const DFBRegion* region, DFBSurfaceFlipFlags flags)
 {
     if (DFBResult result = run.flip(surface, region, flags))
         return result;
     ++run.frames;
-    return run.frames == run.wanted_frames || interrupted ? DFB_INTERRUPTED : DFB_OK;
+    keep_rate();
+    return was_last_frame() ? DFB_INTERRUPTED : DFB_OK;
 }
 
 void interrupt(int)
@@ -38,35 +70,57 @@ void interrupt(int)
     interrupted = 1;
 }
 
-void draw_frames(IDirectFB* dfb, IDirectFBSurface* surface, int frames)
+void report(double seconds)
 {
-    run = {surface->Flip, frames, 0, {}};
-    surface->Flip = flip_and_count;
-
-    const Clock::time_point start = Clock::now();
-    const DFBResult result = test_dtkhd(dfb, surface);
-    run.duration = Clock::now() - start;
-    if (result != DFB_INTERRUPTED)
-        tools::check(result, "drawing failed");
+    const int frames = run.frames;
+    std::printf("%d frames in %.3f s, %.2f frames per second, %s\n", frames, seconds, frames / seconds, run.manner);
 }
 
-void report(const tools::Platform& platform)
+void leave_without_window()
 {
-    const double seconds = std::chrono::duration<double>(run.duration).count();
-    std::printf("%d frames in %.3f s, %.2f frames per second, %s back end, DirectFB %s\n", run.frames, seconds,
-                run.frames / seconds, platform.has_engine() ? "hardware" : "software",
-                platform.is_accelerated() ? "accelerated" : "not accelerated");
+    report(seconds_since_start());
+    std::fflush(stdout);
+    if (run.options->png.empty())
+        _exit(EXIT_SUCCESS);
+    std::fputs("dtk_demo: the window was closed, no picture is written\n", stderr);
+    _exit(EXIT_FAILURE);
+}
+
+const char* manner_of(const tools::Platform& platform)
+{
+    if (platform.has_engine())
+        return platform.is_accelerated() ? "hardware back end, DirectFB accelerated"
+                                         : "hardware back end, DirectFB not accelerated";
+    return platform.is_accelerated() ? "software back end, DirectFB accelerated"
+                                     : "software back end, DirectFB not accelerated";
+}
+
+/// Answers how long it took, in seconds.
+double draw_frames(IDirectFB* dfb, IDirectFBSurface* surface)
+{
+    run.flip = surface->Flip;
+    surface->Flip = flip_and_count;
+    run.start = Clock::now();
+    tools::when_window_closes(leave_without_window);
+
+    const DFBResult result = test_dtkhd(dfb, surface);
+    const double seconds = seconds_since_start();
+    if (result != DFB_INTERRUPTED)
+        tools::check(result, "drawing failed");
+    return seconds;
 }
 
 void demonstrate(const tools::DemoOptions& options)
 {
     const tools::Platform platform(options.width, options.height, options.back_end, options.words);
     const tools::Owned<IDirectFBSurface> surface = platform.layer_surface(options.width, options.height);
+    run.options = &options;
+    run.manner = manner_of(platform);
 
-    draw_frames(platform.dfb(), surface.get(), options.frames);
+    const double seconds = draw_frames(platform.dfb(), surface.get());
     if (!options.png.empty())
         tools::write_png(options.png, surface.get());
-    report(platform);
+    report(seconds);
 }
 
 int run_demo(int argc, char** argv)

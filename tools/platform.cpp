@@ -15,9 +15,11 @@ constexpr unsigned int display_index = 1;
 constexpr unsigned int directfb_mode = 6;
 constexpr unsigned int graphics_layer = 7;
 
-std::string mode_word(int width, int height)
+/// With or without a window, the graphics layer is that of a presentation engine.
+std::string layer_words(int width, int height)
 {
-    return "--dfb:quiet,no-sighandler,no-cursor,mode=" + std::to_string(width) + "x" + std::to_string(height);
+    return "--dfb:quiet,no-sighandler,no-cursor,pixelformat=ARGB,mode=" + std::to_string(width) + "x" +
+           std::to_string(height);
 }
 
 IDirectFB* start_directfb(std::vector<std::string> arguments)
@@ -84,9 +86,21 @@ void check(DFBResult result, const std::string& what)
         throw std::runtime_error(what + ": " + text_of(result));
 }
 
+Owned<IDirectFBSurface> create_surface(IDirectFB* dfb, int width, int height, DFBSurfacePixelFormat format)
+{
+    DFBSurfaceDescription description = {};
+    description.flags = static_cast<DFBSurfaceDescriptionFlags>(DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT);
+    description.width = width;
+    description.height = height;
+    description.pixelformat = format;
+    IDirectFBSurface* surface = nullptr;
+    check(dfb->CreateSurface(dfb, &description, &surface), "cannot create a surface");
+    return Owned<IDirectFBSurface>(surface);
+}
+
 Platform::Platform(int width, int height, BackEnd back_end, const std::vector<std::string>& words)
 {
-    std::vector<std::string> arguments = {"dtk", mode_word(width, height)};
+    std::vector<std::string> arguments = {"dtk", layer_words(width, height)};
     arguments.insert(arguments.end(), words.begin(), words.end());
     if (back_end == BackEnd::software)
         arguments.push_back("--zuvo:dtk=off");

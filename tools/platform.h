@@ -36,6 +36,11 @@ using Owned = std::unique_ptr<Interface, Releaser>;
 /// @throws std::runtime_error "<what>: <text of the result>" for any result but DFB_OK.
 void check(DFBResult result, const std::string& what);
 
+/// A new surface; its pixels are undefined.
+///
+/// @throws std::runtime_error when DirectFB does not make it.
+Owned<IDirectFBSurface> create_surface(IDirectFB* dfb, int width, int height, DFBSurfacePixelFormat format);
+
 /// The platform with its display and DirectFB, from construction to destruction.
 class Platform {
 public:

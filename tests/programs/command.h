@@ -28,5 +28,6 @@ struct Picture {
 };
 
 Picture read_png(const std::string& path);
+void write_png(const std::string& path, const Picture& picture);
 
 #endif

@@ -84,6 +84,18 @@ TEST(Demo, DrawsOnTheSmallestDisplay)
     EXPECT_EQ(run_command("dtk_demo --frames 150 --size 320x240").status, 0);
 }
 
+TEST(Demo, EndsAfterTheAskedSeconds)
+{
+    const Outcome outcome = run_command("dtk_demo --seconds 0.3 --rate 20 --size 320x240");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(lines_of(outcome.output).back(), MatchesRegex("[1-7] frames in [0-9]+\\.[0-9]+ s, .*"));
+}
+
+TEST(Demo, FramesEndItBeforeTheSecondsDo)
+{
+    EXPECT_THAT(run_command("dtk_demo --seconds 60 --frames 3 --size 320x240").output, HasSubstr("3 frames in "));
+}
+
 TEST(Demo, SoftwareIsWhatWasAskedFor)
 {
     EXPECT_THAT(run_command("dtk_demo --frames 1 --backend software").output, HasSubstr(", software back end, "));
@@ -115,8 +127,8 @@ TEST(Demo, HelpNamesEveryOption)
 {
     const Outcome outcome = run_command("dtk_demo --help");
     EXPECT_EQ(outcome.status, 0);
-    for (const char* option : {"--frames N", "--size WxH", "--png FILE", "--backend software", "--backend hardware",
-                               "--help", "--dfb:", "--zuvo:"})
+    for (const char* option : {"--frames N", "--seconds S", "--rate N", "--size WxH", "--png FILE",
+                               "--backend software", "--backend hardware", "--help", "--dfb:", "--zuvo:"})
         EXPECT_THAT(outcome.output, HasSubstr(option));
 }
 
@@ -133,6 +145,9 @@ INSTANTIATE_TEST_SUITE_P(
     Options, DemoMisuse,
     testing::Values(std::pair("--frames 0", "--frames takes a number from 1, not '0'"),
                     std::pair("--frames 12x", "--frames takes a number from 1, not '12x'"),
+                    std::pair("--frames 1.5", "--frames takes a number from 1, not '1.5'"),
+                    std::pair("--seconds 0", "--seconds takes a number above 0, not '0'"),
+                    std::pair("--rate slow", "--rate takes a number from 0.1, not 'slow'"),
                     std::pair("--frames", "--frames lacks its value"),
                     std::pair("--size 640", "--size takes 320x240 to 8192x8192, not '640'"),
                     std::pair("--size 640x480x2", "--size takes 320x240 to 8192x8192, not '640x480x2'"),

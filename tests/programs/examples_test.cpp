@@ -1,5 +1,4 @@
 #include <cstdio>
-#include <filesystem>
 #include <set>
 
 #include <gmock/gmock.h>
@@ -54,15 +53,4 @@ TEST(Gallery, MisuseExitsWith2AndOneLine)
     EXPECT_EQ(run_command("gallery x.png firmware").output,
               "gallery: the back end is software or hardware, not 'firmware'\n");
     EXPECT_EQ(run_command("gallery x.png firmware").status, 2);
-}
-
-TEST(Hello, DumpsItsDrawingIntoADirectory)
-{
-    const std::filesystem::path directory = temporary_file("hello");
-    std::filesystem::create_directory(directory);
-    const Outcome outcome = run_command("hello --dfb:system=dummy,quiet,no-cursor " + directory.string());
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.output, "");
-    EXPECT_TRUE(std::filesystem::exists(directory / "hello_0000.ppm.gz"));
-    std::filesystem::remove_all(directory);
 }

@@ -17,6 +17,9 @@ foreach(case
     failing_test_is_the_result
     install_passes_the_prefix
     demo_passes_options
+    demo_opens_a_window
+    packages_are_made
+    documentation_is_made
     clean_removes_the_build)
   add_test(NAME run.${case} COMMAND ${CMAKE_CURRENT_LIST_DIR}/run_front_door.sh ${case})
   set_tests_properties(run.${case} PROPERTIES LABELS programs TIMEOUT 60)

@@ -13,7 +13,7 @@ cp -R "$project/run" "$project/scripts" "$tree"
 calls=$place/calls
 touch "$calls"
 export calls place XDG_CACHE_HOME="$place/cache" PATH="$place/bin:$PATH"
-unset PKG_CONFIG_PATH DESTDIR DTKHDDVD_WERROR
+unset PKG_CONFIG_PATH DESTDIR DTKHDDVD_WERROR DISPLAY
 cache=$place/cache/dtkhddvd
 cairo=$cache/cairo-1.16.0-$(dpkg --print-architecture)
 
@@ -99,7 +99,7 @@ END
 case $case_name in
     words_are_listed)
         expect 0
-        for word in demo test build bench install clean help; do
+        for word in demo test build bench install deb docs check fuzz soak clean help; do
             [ "$(grep -c "^  $word " "$place/out")" -eq 1 ] || wrong "no line for $word"
         done
         cp "$place/out" "$place/list"
@@ -242,7 +242,40 @@ END
         expect_called '--frames 20 --png /tmp/other.png --backend hardware --png /tmp/other-hardware.png'
         expect_called "gallery $tree/build/gallery.png software"
         expect_called "gallery $tree/build/gallery-hardware.png hardware"
+        expect_not_called '--rate'
         grep -q '/tmp/other.png$' "$place/out" || wrong "the picture's place is not said"
+        ;;
+    demo_opens_a_window)
+        complete_machine
+        mkdir "$tree/build"
+        for program in dtk_demo gallery; do
+            # shellcheck disable=SC2016 # The stand-in expands it.
+            echo 'echo "on display ${DISPLAY-none}" >> "$calls"' | stand_in "$program"
+            mv "$place/bin/$program" "$tree/build"
+        done
+        DISPLAY=:7 expect 0 demo --seconds 3
+        expect_called '--seconds 20 --rate 60 --size 1280x720 --seconds 3'
+        [ "$(grep -c '^on display none$' "$calls")" -eq 4 ] || wrong "pictures need no display"
+        [ "$(grep -c '^on display :7$' "$calls")" -eq 1 ] || wrong "no window"
+        ;;
+    packages_are_made)
+        complete_machine
+        stand_in lintian < /dev/null
+        stand_in doxygen < /dev/null
+        stand_in mandoc < /dev/null
+        expect 0 deb
+        expect_called "cmake --fresh -S $tree -B $tree/build/deb -DCMAKE_INSTALL_PREFIX=/usr"
+        expect_called "cmake --build $tree/build/deb --target package"
+        expect_called 'lintian '
+        ;;
+    documentation_is_made)
+        complete_machine
+        stand_in doxygen < /dev/null
+        stand_in mandoc < /dev/null
+        cp -R "$project/docs" "$tree"
+        expect 0 docs
+        expect_called 'doxygen -'
+        expect_called 'mandoc -T lint docs/man/'
         ;;
     clean_removes_the_build)
         mkdir "$tree/build"

@@ -1,0 +1,123 @@
+#include "x_server.h"
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <thread>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+std::string contents(const std::string& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+std::string new_directory()
+{
+    const std::string directory = temporary_file("screen");
+    std::filesystem::create_directory(directory);
+    return directory;
+}
+
+std::uint32_t big_endian(const std::string& bytes, std::size_t place)
+{
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < 4; ++i)
+        value = value << 8 | static_cast<unsigned char>(bytes[place + i]);
+    return value;
+}
+
+/// The parts of an X window dump's header that tell where the pixels are.
+struct Dump {
+    explicit Dump(const std::string& bytes)
+        : pixels(big_endian(bytes, 0) + 12 * big_endian(bytes, 76)), pitch(big_endian(bytes, 48))
+    {
+    }
+
+    std::size_t pixels, pitch;
+};
+
+} // namespace
+
+Process::Process(const std::string& line)
+{
+    static int count = 0;
+    file_ = temporary_file("output-" + std::to_string(++count));
+    const std::string command = line + " > " + file_ + " 2>&1";
+    pid_ = fork();
+    if (pid_ == 0) {
+        execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
+        _exit(127);
+    }
+}
+
+Process::~Process()
+{
+    if (pid_ > 0) {
+        signal(SIGKILL);
+        wait();
+    }
+    std::filesystem::remove(file_);
+}
+
+void Process::signal(int number) const
+{
+    kill(pid_, number);
+}
+
+Outcome Process::wait()
+{
+    int status = 0;
+    waitpid(pid_, &status, 0);
+    pid_ = -1;
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output()};
+}
+
+std::string Process::output() const
+{
+    return contents(file_);
+}
+
+// DirectFB's x11 system does not survive a server with GLX.
+XServer::XServer()
+    : directory_(new_directory()),
+      process_("exec Xvfb -displayfd 3 -screen 0 800x600x24 -extension GLX -nolisten tcp -noreset -fbdir " +
+               directory_ + " 3>" + directory_ + "/number")
+{
+    for (int tries = 0; tries < 500 && environment_.empty(); ++tries) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        const std::string number = contents(directory_ + "/number");
+        if (!number.empty() && number.back() == '\n')
+            environment_ = "DISPLAY=:" + number.substr(0, number.size() - 1);
+    }
+}
+
+XServer::~XServer()
+{
+    process_.signal(SIGTERM);
+    process_.wait();
+    std::filesystem::remove_all(directory_);
+}
+
+Picture XServer::screen(unsigned int width, unsigned int height) const
+{
+    const std::string bytes = contents(directory_ + "/Xvfb_screen0");
+    if (bytes.size() < 100)
+        return {};
+    const Dump dump(bytes);
+    Picture picture = {width, height, {}};
+    for (std::size_t y = 0; y < height; ++y) {
+        for (std::size_t x = 0; x < width; ++x) {
+            const auto* pixel = reinterpret_cast<const unsigned char*>(&bytes.at(dump.pixels + y * dump.pitch + 4 * x));
+            picture.pixels.push_back(static_cast<std::uint32_t>(pixel[2] << 16 | pixel[1] << 8 | pixel[0]));
+        }
+    }
+    return picture;
+}
