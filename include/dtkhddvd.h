@@ -175,8 +175,8 @@ DFBResult DTKHDDVD_SetFillPattern_HW(DTKHDDVD *thiz, IDirectFBSurface *texture);
 /**
  * Creates a pen in the manner of the toolkit's back end.
  *
- * @param shape   Copied; four corners about the origin. In software a pen covers as many pixels as its corners are
- *                apart, on the engine one more in each direction.
+ * @param shape   Copied; four corners about the origin. A pen covers as many pixels as its corners are apart;
+ *                DTKHDDVDPen_GetSize counts one more in each direction where the platform has an engine.
  * @param ret_pen Receives the pen, owned by the caller, or NULL when the creation fails.
  * @return DTKHDDVD_INIT without memory, DTKHDDVD_INVARG when an argument is NULL, or the result of a failing DirectFB
  *         call (DirectFB makes no surface for a software pen without width or height).
