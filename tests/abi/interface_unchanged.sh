@@ -9,8 +9,8 @@ here=$(dirname "$0")
 command -v abidiff > /dev/null || { echo "there is no abidiff: install abigail-tools"; exit 1; }
 
 renew() {
-    abidw --suppressions "$here/interface.suppressions" --header-file "$2" --drop-private-types --exported-interfaces-only \
-        --no-corpus-path --no-comp-dir-path --no-show-locs --no-elf-needed --no-write-default-sizes "$1" |
+    abidw --suppressions "$here/interface.suppressions" --header-file "$2" --drop-private-types \
+        --exported-interfaces-only --no-corpus-path --no-comp-dir-path --no-show-locs --no-elf-needed --no-write-default-sizes "$1" |
         sed "s, path='[^']*/\(src\|test_dtkhd\)/, path='\1/," > "$here/interface.abi"
 }
 
@@ -18,7 +18,8 @@ if [ "$1" = --renew ]; then
     renew "$2" "$3"
     exit
 fi
-abidiff --suppressions "$here/interface.suppressions" --header-file2 "$2" --drop-private-types "$here/interface.abi" "$1" || {
+abidiff --suppressions "$here/interface.suppressions" --header-file2 "$2" --drop-private-types \
+    "$here/interface.abi" "$1" || {
     echo "the exported interface is another one; the head of tests/abi/interface_unchanged.sh says what to do"
     exit 1
 }

@@ -27,7 +27,8 @@ int zuvo_dtk_sync(unsigned int dtk)
 
 int zuvo_dtk_set_output_surface(unsigned int dtk, unsigned int surface)
 {
-    return pass_on("zuvo_dtk_set_output_surface", zuvo_dtk_set_output_surface, __builtin_return_address(0), dtk, surface);
+    return pass_on("zuvo_dtk_set_output_surface", zuvo_dtk_set_output_surface, __builtin_return_address(0), dtk,
+                   surface);
 }
 
 int zuvo_dtk_set_fill_color(unsigned int dtk, u8 r, u8 g, u8 b, u8 a)
@@ -57,8 +58,8 @@ int zuvo_dtk_draw_rectangle(unsigned int dtk, const DFBRectangle* rect, unsigned
 
 int zuvo_dtk_draw_rectangle_border(unsigned int dtk, const DFBRectangle* rect, unsigned int flags)
 {
-    return pass_on("zuvo_dtk_draw_rectangle_border", zuvo_dtk_draw_rectangle_border, __builtin_return_address(0), dtk, rect,
-                   flags);
+    return pass_on("zuvo_dtk_draw_rectangle_border", zuvo_dtk_draw_rectangle_border, __builtin_return_address(0), dtk,
+                   rect, flags);
 }
 
 int zuvo_dtk_draw_ellipse(unsigned int dtk, const DFBRectangle* rect, unsigned int flags)

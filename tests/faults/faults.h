@@ -3,7 +3,8 @@
 #include <directfb.h>
 #include <string>
 
-/// A shim between the library and real DirectFB, cairo and engine: it counts calls and references, and lets a call fail.
+/// A shim between the library and real DirectFB, cairo and engine: it counts calls and references, and lets a call
+/// fail.
 namespace faults {
 
 /// Puts the shim into DirectFB's main interface; every surface and palette made through it gets one too.
@@ -22,8 +23,8 @@ void fail_call(unsigned n);
 /// The call that failed, such as "Blit"; empty as long as none has.
 std::string failed_call();
 
-/// Counts one call and answers whether it fails. Of the calls that cairo makes only locks can fail: at the others' results
-/// it never looks.
+/// Counts one call and answers whether it fails. Of the calls that cairo makes only locks can fail: at the others'
+/// results it never looks.
 bool fails(const char* name, const void* caller);
 
 /// How many references on surfaces, palettes and DirectFB were taken and not given back since the shim is there.

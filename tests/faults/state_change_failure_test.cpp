@@ -9,9 +9,6 @@ using namespace faults;
 
 namespace {
 
-constexpr Mode software = {false, true, true, Fill::opaque};
-constexpr Mode hardware = {true, true, true, Fill::opaque};
-
 /// An operation that sets something, and the name that it reports failures with.
 struct Change {
     std::string name;
@@ -29,10 +26,12 @@ DFBResult make_and_drop_pen(const Session& session)
     return result;
 }
 
-/// Sets the current pen once more, which takes a reference of the caller's own.
+/// Sets the current pen once more, which takes a reference of the caller's own where there is one.
 DFBResult set_pen_again(const Session& session)
 {
     DTKHDDVDPen* pen = session.toolkit()->priv->pen;
+    if (!pen)
+        return session.toolkit()->SetPen(session.toolkit(), nullptr);
     pen->AddRef(pen);
     const DFBResult result = session.toolkit()->SetPen(session.toolkit(), pen);
     pen->Release(pen);
@@ -49,9 +48,19 @@ const std::vector<Change>& all_changes()
         {"DTKHDDVD_SetFillColor",
          [](const Session& session) { return session.toolkit()->SetFillColor(session.toolkit(), 1, 2, 3, 4); }},
         {"DTKHDDVD_SetFillPattern",
-         [](const Session& session) { return session.toolkit()->SetFillPattern(session.toolkit(), session.texture()); }},
+         [](const Session& session) {
+             return session.toolkit()->SetFillPattern(session.toolkit(), session.texture());
+         }},
     };
     return changes;
+}
+
+/// Nobody looks whether cairo could draw a pen's shape, nor whether a pattern has a handle for the engine. A colour that
+/// ends a pattern answers for that alone.
+bool is_unchecked(const Mode& mode, const Change& change, const std::string& call)
+{
+    const bool ends_pattern = change.name == "DTKHDDVD_SetFillColor" && mode.fill == Fill::pattern;
+    return ends_pattern || call == "cairo's Lock" || call == "GetID";
 }
 
 /// Lets the n-th call fail and answers its name, empty when there is none.
@@ -63,8 +72,10 @@ std::string fail_one_call(const Mode& mode, const Change& change, unsigned n)
     const Outcome outcome = run([&] { return change.make(session); });
     const std::string call = failed_call();
     fail_call(0);
-    if (call.empty() || outcome.result == DFB_OK)
+    if (call.empty() || is_unchecked(mode, change, call)) {
+        EXPECT_EQ(outcome.result, DFB_OK) << call;
         return call;
+    }
 
     EXPECT_EQ(outcome.result, refusal) << call;
     EXPECT_THAT(outcome.error, testing::StartsWith("error in " + change.name + ": ")) << call;
@@ -90,7 +101,7 @@ class StateChange : public testing::TestWithParam<Mode> {};
 
 std::string name_of_case(const testing::TestParamInfo<Mode>& info)
 {
-    return info.param.is_hardware ? "Hardware" : "Software";
+    return words_of(info.param);
 }
 
 } // namespace
@@ -125,4 +136,4 @@ TEST_P(StateChange, OfCreationAnswersEachFailingCall)
     EXPECT_EQ(create_and_release(session), DFB_OK);
 }
 
-INSTANTIATE_TEST_SUITE_P(, StateChange, testing::Values(software, hardware), name_of_case);
+INSTANTIATE_TEST_SUITE_P(, StateChange, testing::ValuesIn(all_modes()), name_of_case);

@@ -12,7 +12,8 @@ namespace {
 bool is_known(DFBResult result)
 {
     const auto number = static_cast<unsigned>(result);
-    return number == 0 || number == 1 || number == 5 || number == 8 || result == DFB_LOCKED || result == DFB_UNSUPPORTED;
+    const bool is_own = number == 0 || number == 1 || number == 5 || number == 8;
+    return is_own || result == DFB_LOCKED || result == DFB_UNSUPPORTED;
 }
 
 /// Whatever comes of it: a failure is printed, nothing stays referenced or locked, and no stamp is left over.

@@ -92,7 +92,8 @@ private:
         std::vector<DFBPoint> points(static_cast<std::size_t>(between(2, 12)));
         for (DFBPoint& corner : points)
             corner = point();
-        toolkit_->Polygon(toolkit_, points.data(), static_cast<u32>(points.size()), u8(between(0, 1)), flags());
+        const auto closed = static_cast<u8>(between(0, 1));
+        toolkit_->Polygon(toolkit_, points.data(), static_cast<u32>(points.size()), closed, flags());
     }
 
     DTKHDDVD* toolkit_;

@@ -27,6 +27,8 @@ TEST_F(HardwareState, StoresColoursAndTellsNobody)
     drop_pen(toolkit);
 }
 
+// Elsewhere callers cut their arguments themselves, so there is no calling with more than a byte.
+#if defined(__i386__) || defined(__x86_64__)
 TEST_F(HardwareState, CutsColoursToTheirLowByte)
 {
     using SetColor = DFBResult (*)(DTKHDDVD*, unsigned int, unsigned int, unsigned int, unsigned int);
@@ -37,6 +39,7 @@ TEST_F(HardwareState, CutsColoursToTheirLowByte)
         EXPECT_EQ(word(toolkit->priv->palette[0]), "ff2c0100");
     }
 }
+#endif
 
 TEST_F(HardwareState, KeepsThePatternsHandle)
 {

@@ -71,6 +71,14 @@ TEST_F(FillEllipseLut8, IgnoresEveryOtherResult)
     }
 }
 
+TEST_F(FillEllipseLut8, AnswersThatTheFormatIsNotTold)
+{
+    transcript().fail_every("eight.GetPixelFormat", refusal);
+    const DFBRectangle rect = {2, 2, 10, 10};
+    EXPECT_EQ(fill_ellipse_lut8(&eight, &rect, nullptr, 1), refusal);
+    EXPECT_EQ(calls_with("Lock"), "\n");
+}
+
 TEST_F(FillEllipseLut8, RefusesPixelsOfOtherWidths)
 {
     const DFBRectangle rect = {2, 2, 10, 10};
