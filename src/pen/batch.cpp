@@ -23,10 +23,12 @@ StampBatch::Start StampBatch::start(IDirectFBSurface* dest, IDirectFBSurface* pe
     return {width / 2, height / 2, pen_surface->GetSize(pen_surface, &batch_source_rect.w, &batch_source_rect.h)};
 }
 
-DFBResult StampBatch::send(int count)
+DFBResult StampBatch::send(int count, bool is_first)
 {
+    // All rectangles are the same, and the first batch is the longest.
+    if (is_first)
+        std::fill_n(batch_rectangles, count, batch_source_rect);
     batch_n_blits = count;
-    std::fill_n(batch_rectangles, count, batch_source_rect);
     const DFBResult result = batch_dest->BatchBlit(batch_dest, batch_source, batch_rectangles, batch_points, count);
     batch_n_blits = 0;
     return result;

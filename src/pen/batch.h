@@ -31,7 +31,7 @@ public:
     }
 
     /// Sends what is left. The result is that of the last DirectFB call.
-    DFBResult finish() { return count_ ? send(count_) : result_; }
+    DFBResult finish() { return count_ ? send(count_, is_first_) : result_; }
 
 private:
     struct Start {
@@ -40,14 +40,15 @@ private:
     };
 
     static Start start(IDirectFBSurface* dest, IDirectFBSurface* pen_surface);
-    static DFBResult send(int count);
+    static DFBResult send(int count, bool is_first);
 
     void put(int x, int y) { batch_points[count_++] = {x - start_.half_width, y - start_.half_height}; }
 
     void send_if_full()
     {
         if (count_ == DTKHDDVD_BATCH_SIZE) {
-            result_ = send(DTKHDDVD_BATCH_SIZE);
+            result_ = send(DTKHDDVD_BATCH_SIZE, is_first_);
+            is_first_ = false;
             count_ = 0;
         }
     }
@@ -55,6 +56,7 @@ private:
     Start start_;
     DFBResult result_;
     int count_ = 0;
+    bool is_first_ = true;
 };
 
 } // namespace dtk
