@@ -36,6 +36,9 @@ static const struct Field pen_fields[] = {
     {"the end", sizeof(DTKHDDVDPen)},
 };
 
+static const size_t header_version =
+    DTKHDDVD_VERSION_MAJOR * 10000 + DTKHDDVD_VERSION_MINOR * 100 + DTKHDDVD_VERSION_MICRO;
+
 static int misplaced(const char *record, const struct Field *fields, size_t count)
 {
     int found = 0;
@@ -73,5 +76,6 @@ int main(void)
     failures += check("DTKHDDVD_UNSUPPORTED", DTKHDDVD_UNSUPPORTED, 5);
     failures += check("DTKHDDVD_INVARG", DTKHDDVD_INVARG, 8);
     failures += check("DTKHDDVD_THIZNULL", DTKHDDVD_THIZNULL, 20);
+    failures += check("the version", header_version, BUILT_VERSION);
     return failures != 0;
 }
