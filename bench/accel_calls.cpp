@@ -1,4 +1,5 @@
-// What single DirectFB calls cost without and with the platform's graphics driver, one after the other in one process.
+// What single DirectFB calls cost without and with the platform's graphics driver, one after the other in one process:
+// dtk_accel_calls [REGEX] measures those whose name contains REGEX.
 #include <benchmark/benchmark.h>
 #include <directfb.h>
 
@@ -109,12 +110,12 @@ void add_calls(const std::string& prefix)
     benchmark::RegisterBenchmark((prefix + "stamps_lut8").c_str(), stamp, DSPF_LUT8)->Arg(5)->Arg(31);
 }
 
-void run(const std::string& prefix)
+void run(const std::string& prefix, const std::string& names)
 {
     must(DirectFBCreate(&directfb));
     std::printf("%s: the driver is %s\n", prefix.c_str(), accel_is_on() ? "on" : "off");
     benchmark::ConsoleReporter reporter(benchmark::ConsoleReporter::OO_Tabular);
-    benchmark::RunSpecifiedBenchmarks(&reporter, nullptr, prefix);
+    benchmark::RunSpecifiedBenchmarks(&reporter, nullptr, prefix + ".*" + names);
     directfb->Release(directfb);
 }
 
@@ -129,9 +130,10 @@ int main(int argc, char** argv)
     must(DirectFBSetOption("system", "dummy"));
     must(DirectFBSetOption("mode", "1920x1080"));
 
+    const std::string names = argc > 1 ? argv[1] : "";
     add_calls("without/");
     add_calls("with/");
-    run("without/");
+    run("without/", names);
     accel_register();
-    run("with/");
+    run("with/", names);
 }
