@@ -15,13 +15,15 @@ using namespace bench;
 
 namespace {
 
-std::vector<Column> make_columns(IDirectFB* dfb, const Memory& memory)
+/// All draw into the same memory: how fast memory is depends on where it lies.
+std::vector<Column> make_columns(IDirectFB* dfb, IDirectFBSurface* surface)
 {
+    const Memory memory = memory_of(surface);
     std::vector<Column> columns;
     columns.push_back({floor_name, false, std::make_unique<Floor>(memory)});
-    columns.push_back({prescribed_name, false, std::make_unique<Prescribed>(dfb)});
-    columns.push_back({software_name, false, std::make_unique<ToolkitPainter>(dfb, tools::BackEnd::software)});
-    columns.push_back({engine_name, false, std::make_unique<ToolkitPainter>(dfb, tools::BackEnd::hardware)});
+    columns.push_back({prescribed_name, false, std::make_unique<Prescribed>(dfb, surface)});
+    columns.push_back({software_name, false, std::make_unique<ToolkitPainter>(dfb, surface, tools::BackEnd::software)});
+    columns.push_back({engine_name, false, std::make_unique<ToolkitPainter>(dfb, surface, tools::BackEnd::hardware)});
     for (Column& column : make_peers(memory))
         columns.push_back(std::move(column));
     return columns;
@@ -36,16 +38,6 @@ std::vector<Item> wanted_items(const Options& options)
             items.push_back(item);
     }
     return items;
-}
-
-/// The memory of a DirectFB surface, locked for the floor and for the peers.
-Memory lock(IDirectFBSurface* surface)
-{
-    void* pixels = nullptr;
-    int pitch = 0;
-    tools::check(surface->Lock(surface, static_cast<DFBSurfaceLockFlags>(DSLF_READ | DSLF_WRITE), &pixels, &pitch),
-                 "cannot lock a surface");
-    return {static_cast<std::uint32_t*>(pixels), pitch / 4};
 }
 
 void report(const Options& options, const std::vector<Row>& rows, const Measurement& measurement)
@@ -69,7 +61,7 @@ int measure(const Options& options)
     std::printf("DirectFB %s a graphics driver. Not found: %s.\n", platform.is_accelerated() ? "with" : "without",
                 BENCH_MISSING_PEERS);
     const auto shared = create_surface(platform.dfb(), picture_width, picture_height, DSCAPS_NONE);
-    Contest contest(make_columns(platform.dfb(), lock(shared.get())), options.columns);
+    Contest contest(make_columns(platform.dfb(), shared.get()), options.columns);
     Measurement measurement(options.seconds);
 
     std::vector<Row> rows;

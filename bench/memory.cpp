@@ -45,7 +45,8 @@ void print_creations(IDirectFB* dfb, tools::BackEnd back_end)
 
 void print_drawings(IDirectFB* dfb, tools::BackEnd back_end)
 {
-    ToolkitPainter painter(dfb, back_end);
+    const auto shared = create_surface(dfb, picture_width, picture_height, DSCAPS_NONE);
+    ToolkitPainter painter(dfb, shared.get(), back_end);
     for (const Item& item : all_items()) {
         const Draw draw = painter.prepare({item.shape, {}, {}, 0});
         // What the first drawing leaves behind for the others is no cost of a drawing.

@@ -8,13 +8,6 @@ using tools::check;
 
 namespace {
 
-Owned<IDirectFBSurface> sub_surface(IDirectFBSurface* surface)
-{
-    IDirectFBSurface* sub = nullptr;
-    check(surface->GetSubSurface(surface, nullptr, &sub), "cannot get a sub-surface");
-    return Owned<IDirectFBSurface>(sub);
-}
-
 cairo_t* create_context(IDirectFB* dfb, IDirectFBSurface* surface)
 {
     const std::unique_ptr<cairo_surface_t, CairoDestroyer> target(cairo_directfb_surface_create(dfb, surface));
@@ -53,8 +46,8 @@ Owned<IDirectFBSurface> create_pen_surface(IDirectFB* dfb)
 
 } // namespace
 
-Prescribed::Prescribed(IDirectFB* dfb)
-    : SurfacePainter(dfb), target_(sub_surface(surface())),
+Prescribed::Prescribed(IDirectFB* dfb, IDirectFBSurface* shared)
+    : SurfacePainter(shared), target_(sub_surface(surface())),
       scratch_(create_surface(dfb, picture_width, picture_height, DSCAPS_VIDEOONLY)), texture_(create_texture(dfb)),
       pen_(create_pen_surface(dfb)), target_context_(create_context(dfb, surface())),
       scratch_context_(create_context(dfb, scratch_.get())), pattern_(create_pattern(dfb, texture_.get()))

@@ -18,7 +18,7 @@ struct CairoDestroyer {
 /// and without anything of the toolkit: walks and points are computed beforehand.
 class Prescribed : public SurfacePainter {
 public:
-    explicit Prescribed(IDirectFB* dfb);
+    Prescribed(IDirectFB* dfb, IDirectFBSurface* shared);
 
     Draw prepare(const Task& task) override;
 

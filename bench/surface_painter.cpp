@@ -32,9 +32,21 @@ Owned<IDirectFBSurface> create_texture(IDirectFB* dfb)
     return texture;
 }
 
-SurfacePainter::SurfacePainter(IDirectFB* dfb)
-    : surface_(create_surface(dfb, picture_width, picture_height, DSCAPS_NONE))
+Owned<IDirectFBSurface> sub_surface(IDirectFBSurface* surface)
 {
+    IDirectFBSurface* sub = nullptr;
+    check(surface->GetSubSurface(surface, nullptr, &sub), "cannot get a sub-surface");
+    return Owned<IDirectFBSurface>(sub);
+}
+
+Memory memory_of(IDirectFBSurface* surface)
+{
+    void* pixels = nullptr;
+    int pitch = 0;
+    check(surface->Lock(surface, static_cast<DFBSurfaceLockFlags>(DSLF_READ | DSLF_WRITE), &pixels, &pitch),
+          "cannot lock a surface");
+    surface->Unlock(surface);
+    return {static_cast<std::uint32_t*>(pixels), pitch / 4};
 }
 
 void SurfacePainter::clear()
@@ -45,13 +57,7 @@ void SurfacePainter::clear()
 
 Picture SurfacePainter::picture()
 {
-    void* pixels = nullptr;
-    int pitch = 0;
-    check(surface_->Lock(surface(), static_cast<DFBSurfaceLockFlags>(DSLF_READ | DSLF_WRITE), &pixels, &pitch),
-          "cannot lock a surface");
-    Picture picture = read({static_cast<std::uint32_t*>(pixels), pitch / 4});
-    surface_->Unlock(surface());
-    return picture;
+    return read(memory_of(surface()));
 }
 
 } // namespace bench

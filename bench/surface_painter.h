@@ -17,10 +17,16 @@ Owned<IDirectFBSurface> create_surface(IDirectFB* dfb, int width, int height, DF
 /// A surface with the texture of the patterned shapes.
 Owned<IDirectFBSurface> create_texture(IDirectFB* dfb);
 
-/// Paints onto a DirectFB surface of its own.
+/// Another interface of a whole surface.
+Owned<IDirectFBSurface> sub_surface(IDirectFBSurface* surface);
+
+/// A surface's memory; the surface does not stay locked. DirectFB keeps one in system memory where it is.
+Memory memory_of(IDirectFBSurface* surface);
+
+/// Paints onto a DirectFB surface through an interface of its own.
 class SurfacePainter : public Painter {
 public:
-    explicit SurfacePainter(IDirectFB* dfb);
+    explicit SurfacePainter(IDirectFBSurface* shared) : surface_(sub_surface(shared)) {}
 
     void clear() override;
     Picture picture() override;

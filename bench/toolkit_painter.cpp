@@ -39,8 +39,8 @@ DTKHDDVDPenShape pen_shape(int size)
     return {near, near, far, near, far, far, near, far};
 }
 
-ToolkitPainter::ToolkitPainter(IDirectFB* dfb, BackEnd back_end)
-    : SurfacePainter(dfb), back_end_(back_end), texture_(create_texture(dfb))
+ToolkitPainter::ToolkitPainter(IDirectFB* dfb, IDirectFBSurface* shared, BackEnd back_end)
+    : SurfacePainter(shared), back_end_(back_end), texture_(create_texture(dfb))
 {
     activate();
     toolkit_ = create_toolkit(dfb, surface(), back_end);

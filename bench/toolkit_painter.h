@@ -27,7 +27,7 @@ Owned<DTKHDDVDPen> create_pen(DTKHDDVD* toolkit, int size);
 /// Draws with the toolkit, in software or on the drawing engine.
 class ToolkitPainter : public SurfacePainter {
 public:
-    ToolkitPainter(IDirectFB* dfb, tools::BackEnd back_end);
+    ToolkitPainter(IDirectFB* dfb, IDirectFBSurface* shared, tools::BackEnd back_end);
 
     void activate() override;
     Draw prepare(const Task& task) override;

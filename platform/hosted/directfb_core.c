@@ -7,6 +7,7 @@
 #include <core/core.h>
 #include <core/surface.h>
 #include <core/surface_buffer.h>
+#include <fusion/hash.h>
 #include <gfx/clip.h>
 #include <misc/conf.h>
 
@@ -41,16 +42,31 @@ static struct {
     CoreSurfaceBufferLock lock;
 } opened[2];
 
+/** Answers the living surface @p id of a locked pool, NULL when there is none. */
+static const CoreSurface *look_up(FusionObjectPool *surfaces, DFBSurfaceID id)
+{
+    CoreSurface *surface = fusion_hash_lookup(surfaces->objects, (void *) (unsigned long) id);
+    int references = 0;
+
+    if (!surface || fusion_ref_stat(&surface->object.ref, &references) != DR_OK || references <= 0)
+        return NULL;
+    return surface;
+}
+
+/** Every operation asks this first. The pool's lock spares the two of a reference that comes and goes. */
 DirectFBCoreAnswer directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelFormat *ret_format)
 {
-    CoreSurface *surface;
+    FusionObjectPool *surfaces = core_dfb ? core_dfb->shared->surface_pool : NULL;
+    const CoreSurface *surface;
 
-    if (!core_dfb || dfb_core_get_surface(core_dfb, id, &surface) != DFB_OK)
+    if (!surfaces || fusion_skirmish_prevail(&surfaces->lock) != DR_OK)
         return DIRECTFB_CORE_UNKNOWN;
 
-    *ret_format = surface->config.format;
-    dfb_surface_unref(surface);
-    return DIRECTFB_CORE_OK;
+    surface = look_up(surfaces, id);
+    if (surface)
+        *ret_format = surface->config.format;
+    fusion_skirmish_dismiss(&surfaces->lock);
+    return surface ? DIRECTFB_CORE_OK : DIRECTFB_CORE_UNKNOWN;
 }
 
 DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, DirectFBCorePixels *ret_pixels)

@@ -19,9 +19,12 @@ public:
     {
     }
 
-    void store_all(int x, int y, u32 color) const
+    /// The distance in bytes of a row that lies this many rows from the centre's.
+    std::ptrdiff_t bytes(int rows) const { return rows * pitch_; }
+
+    /// Stores the four mirrored pixels at the distance x and as many bytes above and below the centre.
+    void store_all(std::ptrdiff_t x, std::ptrdiff_t rows, u32 color) const
     {
-        const std::ptrdiff_t rows = y * pitch_;
         u32* const lower = middle_of(rows);
         u32* const upper = middle_of(-rows);
         lower[x] = color;
@@ -47,14 +50,32 @@ private:
     void store_one_inside(DFBDimension size, int x, int y, u32 color) const
     {
         if (is_within(cx_ + x, size.w) && is_within(cy_ + y, size.h))
-            middle_of(y * pitch_)[x] = color;
+            middle_of(bytes(y))[x] = color;
     }
 
     std::ptrdiff_t pitch_, cx_, cy_, centre_row_;
     u32* pixels_;
 };
 
-/// Calls `store(pixels, x, y)` for each pair of distances from the centre at which four of the outline's pixels lie.
+/// Stores a whole outline; the distance to the centre's row is carried along.
+void store_outline(const CentredPixels& pixels, const DFBRectangle& box, u32 color)
+{
+    const int pole = box.h / 2;
+    const std::ptrdiff_t pitch = pixels.bytes(1);
+    std::ptrdiff_t row = pixels.bytes(pole);
+    pixels.store_all(0, row, color);
+    walk_quarter({box.w, box.h, 2LL * pole},
+                 [&](long long x, long long, bool turned) {
+                     row -= pitch & -std::ptrdiff_t(turned);
+                     pixels.store_all(std::ptrdiff_t(x), row, color);
+                 },
+                 [&](long long x, long long) {
+                     row -= pitch;
+                     pixels.store_all(std::ptrdiff_t(x), row, color);
+                 });
+}
+
+/// Locks the surface and calls `store(pixels)`.
 template <typename Store>
 DFBResult draw_outline(IDirectFBSurface* dest, const DFBRectangle& rect, Store&& store)
 {
@@ -69,10 +90,8 @@ DFBResult draw_outline(IDirectFBSurface* dest, const DFBRectangle& rect, Store&&
     void* pixels = nullptr;
     int pitch = 0;
     dest->Lock(dest, DSLF_WRITE, &pixels, &pitch);
-    if (pixels) {
-        const CentredPixels centred(pixels, pitch, rect);
-        walk_ellipse(rect, [&](int pole) { store(centred, 0, pole); }, [&](int x, int y) { store(centred, x, y); });
-    }
+    if (pixels)
+        store(CentredPixels(pixels, pitch, rect));
     dest->Unlock(dest);
     return result::ok;
 }
@@ -99,14 +118,15 @@ bool outline_fits(const DFBRectangle& rect, DFBDimension size)
 
 DFBResult outline_ellipse_clipped(IDirectFBSurface* dest, const DFBRectangle& rect, DFBDimension size, u32 color)
 {
-    return draw_outline(
-        dest, rect, [=](const CentredPixels& pixels, int x, int y) { pixels.store_inside(size, x, y, color); });
+    return draw_outline(dest, rect, [=](const CentredPixels& pixels) {
+        const auto store = [&](int x, int y) { pixels.store_inside(size, x, y, color); };
+        walk_ellipse(rect, [&](int pole) { store(0, pole); }, store);
+    });
 }
 
 } // namespace dtk
 
 DFBResult outline_ellipse_argb(IDirectFBSurface* dest, const DFBRectangle* rect, u32 color)
 {
-    return draw_outline(dest, *rect,
-                        [=](const CentredPixels& pixels, int x, int y) { pixels.store_all(x, y, color); });
+    return draw_outline(dest, *rect, [=](const CentredPixels& pixels) { store_outline(pixels, *rect, color); });
 }

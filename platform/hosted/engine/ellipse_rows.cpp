@@ -145,7 +145,9 @@ public:
 private:
     void enter_mirrored(int rows, int x)
     {
-        rows_[rows] = rows_[box_.h + 1 - rows] = around_middle(x);
+        const Span span = around_middle(x);
+        rows_[rows] = span;
+        rows_[box_.h + 1 - rows] = span;
     }
 
     Span around_middle(int x) const { return {middle_ - x, middle_ + x}; }
