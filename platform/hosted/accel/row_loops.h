@@ -41,14 +41,21 @@ inline void write_ends(uint32_t* target, size_t count, const Result& result)
 }
 
 /// Writes a row of at least one vector. The first vector and the last one may overlap those beside them, which begin at
-/// multiples of their size; so both are worked out before anything is stored.
+/// multiples of their size; so both are worked out before anything is stored. What lies as many pixels as @p below further
+/// on, most often the row below, is fetched meanwhile.
 template <class V, class Result>
-inline void write_vectors(uint32_t* target, size_t count, const Result& result)
+inline void write_vectors(uint32_t* target, size_t count, size_t below, const Result& result)
 {
     const size_t last = count - V::count;
     const typename V::Pixels first_pixels = result(V{}, 0);
     const typename V::Pixels last_pixels = result(V{}, last);
-    for (size_t i = pixels_to_boundary<V>(target); i < last; i += V::count)
+    size_t i = pixels_to_boundary<V>(target);
+    for (; i + V::count < last; i += 2 * V::count) {
+        __builtin_prefetch(target + i + below, 1);
+        store<V>(target + i, result(V{}, i));
+        store<V>(target + i + V::count, result(V{}, i + V::count));
+    }
+    if (i < last)
         store<V>(target + i, result(V{}, i));
     store<V>(target, first_pixels);
     store<V>(target + last, last_pixels);
@@ -56,10 +63,10 @@ inline void write_vectors(uint32_t* target, size_t count, const Result& result)
 
 /// Writes a row; `result(V{}, i)` answers the pixels of the vector that begins at the row's pixel i.
 template <class Result>
-inline void write_row(uint32_t* target, size_t count, const Result& result)
+inline void write_row(uint32_t* target, size_t count, size_t below, const Result& result)
 {
     if (count > 2 * Wide::count)
-        return write_vectors<Wide>(target, count, result);
+        return write_vectors<Wide>(target, count, below, result);
     if (count >= Wide::count)
         return write_ends<Wide>(target, count, result);
     if (count >= Narrow::count)
@@ -68,26 +75,30 @@ inline void write_row(uint32_t* target, size_t count, const Result& result)
         store<Single>(target + i, result(Single{}, i));
 }
 
+/// Calls `write_span(target, count, below)` for each span; as many pixels as @p below further on lies the next row.
 template <class WriteSpan>
 inline void write_spans(const RowSpans& rows, const WriteSpan& write_span)
 {
     auto* row = reinterpret_cast<uint8_t*>(rows.first_row);
     const RowSpan* span = rows.spans;
+    const size_t below = rows.pitch / sizeof(uint32_t);
     for (size_t i = 0; i < rows.count; ++i, row += rows.pitch, span += rows.step)
         if (span->left < span->right)
-            write_span(reinterpret_cast<uint32_t*>(row) + span->left, static_cast<size_t>(span->right - span->left));
+            write_span(reinterpret_cast<uint32_t*>(row) + span->left, static_cast<size_t>(span->right - span->left), below);
 }
 
-inline void fill_row(uint32_t* target, uint32_t colour, size_t count)
+inline void fill_row(uint32_t* target, uint32_t colour, size_t count, size_t below)
 {
-    write_row(target, count, [colour](auto v, size_t) { return typename decltype(v)::Pixels{} + colour; });
+    write_row(target, count, below, [colour](auto v, size_t) { return typename decltype(v)::Pixels{} + colour; });
 }
 
-void fill(uint32_t* target, uint32_t colour, size_t count) { fill_row(target, colour, count); }
+void fill(uint32_t* target, uint32_t colour, size_t count) { fill_row(target, colour, count, 0); }
 
 void fill_spans(const RowSpans* rows, uint32_t colour)
 {
-    write_spans(*rows, [colour](uint32_t* target, size_t count) { fill_row(target, colour, count); });
+    write_spans(*rows, [colour](uint32_t* target, size_t count, size_t below) {
+        fill_row(target, colour, count, below);
+    });
 }
 
 constexpr size_t block_vectors = 4;
@@ -115,15 +126,15 @@ void blend(uint32_t* target, const uint32_t* source, size_t count)
 
     target += i;
     source += i;
-    write_row(target, count - i, [target, source](auto v, size_t j) {
+    write_row(target, count - i, 0, [target, source](auto v, size_t j) {
         using V = decltype(v);
         return blended<V>(load<V>(source + j), load<V>(target + j));
     });
 }
 
-inline void blend_colour_row(uint32_t* target, const ConstantSource& source, size_t count)
+inline void blend_colour_row(uint32_t* target, const ConstantSource& source, size_t count, size_t below)
 {
-    write_row(target, count, [target, source](auto v, size_t i) {
+    write_row(target, count, below, [target, source](auto v, size_t i) {
         using V = decltype(v);
         return source.blended<V>(load<V>(target + i));
     });
@@ -131,13 +142,15 @@ inline void blend_colour_row(uint32_t* target, const ConstantSource& source, siz
 
 void blend_colour(uint32_t* target, uint32_t colour, size_t count)
 {
-    blend_colour_row(target, ConstantSource(colour), count);
+    blend_colour_row(target, ConstantSource(colour), count, 0);
 }
 
 void blend_colour_spans(const RowSpans* rows, uint32_t colour)
 {
     const ConstantSource source(colour);
-    write_spans(*rows, [source](uint32_t* target, size_t count) { blend_colour_row(target, source, count); });
+    write_spans(*rows, [source](uint32_t* target, size_t count, size_t below) {
+        blend_colour_row(target, source, count, below);
+    });
 }
 
 void prepare_blend(uint32_t* scaled, uint32_t* rests, const uint32_t* source, size_t count)
@@ -151,7 +164,7 @@ void prepare_blend(uint32_t* scaled, uint32_t* rests, const uint32_t* source, si
 
 void blend_prepared(uint32_t* target, const uint32_t* scaled, const uint32_t* rests, size_t count)
 {
-    write_row(target, count, [target, scaled, rests](auto v, size_t i) {
+    write_row(target, count, 0, [target, scaled, rests](auto v, size_t i) {
         using V = decltype(v);
         return scale<V>(load<V>(target + i), (typename V::Lanes)load<V>(rests + i)) + load<V>(scaled + i);
     });
@@ -159,7 +172,7 @@ void blend_prepared(uint32_t* target, const uint32_t* scaled, const uint32_t* re
 
 void blend_rgb32(uint32_t* target, const uint32_t* source, size_t count)
 {
-    write_row(target, count, [target, source](auto v, size_t i) {
+    write_row(target, count, 0, [target, source](auto v, size_t i) {
         using V = decltype(v);
         return blended_rgb32<V>(load<V>(source + i), load<V>(target + i));
     });

@@ -46,10 +46,10 @@ void blend_row(RowSink& self, int row, const Span* spans, int count)
     painter.rows->blend_colour_spans(&on_target, painter.colour);
 }
 
-int remainder(int64_t value, int divisor)
+/// The rest of a sum of numbers that are not negative.
+unsigned int remainder(int one, int other, int divisor)
 {
-    const int64_t rest = value % divisor;
-    return static_cast<int>(rest < 0 ? rest + divisor : rest);
+    return (static_cast<unsigned int>(one) + static_cast<unsigned int>(other)) % static_cast<unsigned int>(divisor);
 }
 
 /// Calls `write(target, index, count)` for each part of the spans that lies in one row of the tiles; the index is that
@@ -58,15 +58,16 @@ template <typename Write>
 void write_parts(const Painter& painter, int row, const Span* spans, int count, const Write& write)
 {
     const Tiles& tiles = painter.tiles;
-    const int tile_row = remainder(int64_t(row) - tiles.y, tiles.pixels.extent.height);
-    const size_t start = static_cast<size_t>(tile_row) * tiles.pixels.row_words;
+    const Extent size = tiles.pixels.extent;
+    const size_t start = tiles.pixels.row_words * remainder(row, tiles.row, size.height);
     uint32_t* const pixels = painter.target.row(row);
     for (int i = 0; i < count; ++i) {
+        int column = static_cast<int>(remainder(spans[i].left, tiles.column, size.width));
         for (int left = spans[i].left; left < spans[i].right;) {
-            const int column = remainder(int64_t(left) - tiles.x, tiles.period);
-            const int width = std::min(tiles.pixels.extent.width - column, spans[i].right - left);
+            const int width = std::min(size.width - column, spans[i].right - left);
             write(pixels + left, start + static_cast<size_t>(column), static_cast<size_t>(width));
             left += width;
+            column = 0;
         }
     }
 }
@@ -108,7 +109,7 @@ Painter blend_colour_without_alpha(Painter painter)
     painter.take = write_tiles;
     painter.paint = Paint::blended_without_alpha;
     painter.write_row = painter.rows->blend_rgb32;
-    painter.tiles = {{colour_row, colour_width, {colour_width, 1}, true}, nullptr, 0, 0, colour_width, false};
+    painter.tiles = {{colour_row, colour_width, {colour_width, 1}, true}, nullptr, 0, 0, false};
     painter.rows->fill(colour_row, painter.colour, colour_width);
     return painter;
 }

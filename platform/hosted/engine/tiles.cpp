@@ -88,21 +88,37 @@ void widen(bool is_prepared, int width)
     }
 }
 
+/// The column or row of a picture that begins at @p start and is repeated all over where the target begins.
+int at_origin(int start, int period)
+{
+    const int64_t rest = -int64_t(start) % period;
+    return static_cast<int>(rest < 0 ? rest + period : rest);
+}
+
+Tiles place(const Pixels& picture, int x, int y)
+{
+    const Extent& size = picture.extent;
+    return {picture, nullptr, at_origin(x, size.width), at_origin(y, size.height), false};
+}
+
 } // namespace
 
 Tiles make_tiles(const Pixels& pattern, int x, int y, bool is_prepared)
 {
     const Extent size = pattern.extent;
-    const int width = std::min(wide_width, wide_words / size.height);
-    if (width < 2 * size.width)
-        return {pattern, nullptr, x, y, size.width, false};
+    const int copies = std::min(wide_width, wide_words / size.height) / size.width;
+    if (copies < 2)
+        return place(pattern, x, y);
 
+    const int width = copies * size.width;
     if (!is_copy_of(pattern, is_prepared)) {
         take_originals(pattern);
         widen(is_prepared, width);
     }
-    const Pixels copy = {wide.pixels, static_cast<size_t>(width), {width, size.height}, pattern.has_alpha};
-    return {copy, is_prepared ? wide.rests : nullptr, x, y, size.width, wide.is_opaque && pattern.has_alpha};
+    Tiles tiles = place({wide.pixels, static_cast<size_t>(width), {width, size.height}, pattern.has_alpha}, x, y);
+    tiles.rests = is_prepared ? wide.rests : nullptr;
+    tiles.is_opaque = wide.is_opaque && pattern.has_alpha;
+    return tiles;
 }
 
 } // namespace zuvo

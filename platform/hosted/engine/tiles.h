@@ -9,13 +9,12 @@ namespace zuvo {
 struct Tiles {
     Pixels pixels;
     const uint32_t* rests;  ///< For each of the pixels what blending leaves of a target; NULL if they are not prepared.
-    int x, y;
-    int period;             ///< Columns after which a row of the picture begins again; a row may hold several.
+    int column, row;        ///< Of the pixel that lies on the target's first one; not negative.
     bool is_opaque;         ///< All pixels are known to be opaque.
 };
 
-/// Answers a pattern that begins at (x, y) as tiles. A small one is copied to where its rows are longer and, if asked
-/// for, prepared for blending. The copy is kept from one drawing to the next and there is one at a time.
+/// Answers a pattern that begins at (x, y) as tiles. A small one is copied side by side to where its rows are longer and, if
+/// asked for, prepared for blending. The copy is kept from one drawing to the next and there is one at a time.
 Tiles make_tiles(const Pixels& pattern, int x, int y, bool is_prepared);
 
 } // namespace zuvo
