@@ -27,11 +27,11 @@ void walk(const Axis& major, const Axis& minor, Advance&& advance)
 {
     int error = major.length >> 1;
     for (int i = 0; i < major.length; ++i) {
-        error += minor.length;
-        const bool crosses = error >= major.length;
-        if (crosses)
-            error -= major.length;
-        advance(major.step, crosses ? minor.step : 0);
+        // Both outcomes are worked out ahead of the choice between them.
+        const int stays = error + minor.length;
+        const int crosses = error + (minor.length - major.length);
+        error = crosses >= 0 ? crosses : stays;
+        advance(major.step, crosses >= 0 ? minor.step : 0);
     }
 }
 

@@ -36,7 +36,7 @@ private:
         block_half_width_ = x;
         block_rows_ = rows;
         if (turned)
-            write_rows(rows, column_left(x), 2 * x);
+            spans_.write_rows(lower(rows), upper(rows), column_left(x), 2 * x);
     }
 
     void write_sides(long long x, long long rows) const
@@ -44,14 +44,12 @@ private:
         const long long width = x - block_half_width_;
         if (width == 0)
             return;
-        write_rows(rows, column_left(x), width);
-        write_rows(rows, column_left(-block_half_width_), width);
+        spans_.write_sides(lower(rows), upper(rows), column_left(x), column_left(-block_half_width_), width);
     }
 
-    void write_rows(long long rows, long long left, long long width) const
-    {
-        spans_.write_rows(1LL * box_.y + box_.h - rows, 1LL * box_.y - 1 + rows, left, width);
-    }
+    /// The rows that the walk is on, with this many rows left behind.
+    long long lower(long long rows) const { return 1LL * box_.y + box_.h - rows; }
+    long long upper(long long rows) const { return 1LL * box_.y - 1 + rows; }
 
     /// The column at the distance x left of the centre, which lies between two columns when the width is odd; it is cut
     /// towards zero.

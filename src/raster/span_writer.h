@@ -39,6 +39,22 @@ public:
         store(count, last_row);
     }
 
+    /// Writes as wide columns twice, on both sides of what lies between.
+    [[gnu::noinline]] void write_sides(long long one, long long other, long long left, long long right,
+                                       long long width) const
+    {
+        if (left < left_ || right + width > right_ || width > side_by_side || !is_visible(one) || !is_visible(other) ||
+            !pixels_) {
+            write_rows(one, other, left, width);
+            write_rows(one, other, right, width);
+            return;
+        }
+        const std::ptrdiff_t between = static_cast<std::ptrdiff_t>(right - left);
+        Pixel* const first_row = address(one, left);
+        Pixel* const last_row = address(other, left);
+        store(width, first_row, last_row, first_row + between, last_row + between);
+    }
+
 private:
     static constexpr int per_block = 16 / sizeof(Pixel);
 
