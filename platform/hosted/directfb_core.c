@@ -45,6 +45,7 @@ static struct {
 /** Answers the living surface @p id of a locked pool, NULL when there is none. */
 static const CoreSurface *look_up(FusionObjectPool *surfaces, DFBSurfaceID id)
 {
+    // The keys of this hash are numbers. NOLINTNEXTLINE(performance-no-int-to-ptr)
     CoreSurface *surface = fusion_hash_lookup(surfaces->objects, (void *) (unsigned long) id);
     int references = 0;
 

@@ -10,21 +10,14 @@ namespace zuvo {
 
 Engine engine;
 
-bool is_engine(unsigned int handle)
-{
-    return handle && handle == zuvo_dtk_get_handle();
-}
-
-void reset_engine()
-{
-    engine.output = 0;
-    engine.fill = Fill::none;
-    engine.has_pen = false;
-}
-
 namespace {
 
 const unsigned int engine_handle = 1;
+
+bool is_there()
+{
+    return is_started() && wishes().engine;
+}
 
 bool has_same_shape(const zuvo_dtk_pen& one, const zuvo_dtk_pen& other)
 {
@@ -41,13 +34,26 @@ int render_pen()
 }
 
 } // namespace
+
+bool is_engine(unsigned int handle)
+{
+    return handle == engine_handle && is_there();
+}
+
+void reset_engine()
+{
+    engine.output = 0;
+    engine.fill = Fill::none;
+    engine.has_pen = false;
+}
+
 } // namespace zuvo
 
 using zuvo::engine;
 
 unsigned int zuvo_dtk_get_handle(void)
 {
-    return zuvo::is_started() && zuvo::wishes().engine ? zuvo::engine_handle : 0;
+    return zuvo::is_there() ? zuvo::engine_handle : 0;
 }
 
 int zuvo_dtk_sync(unsigned int dtk)
