@@ -73,15 +73,22 @@ void plot_ellipse(const Pixels& target, const DFBRectangle& rect, const Plot& pl
         if (x)
             plot(middle - x);
     };
-    const auto plot_step = [&](long long x, long long rows) {
-        const ptrdiff_t y = (pole - static_cast<ptrdiff_t>(rows)) * row_words;
+    ptrdiff_t y = pole * row_words;
+    const auto plot_step = [&](long long x) {
         plot_pair(centre + y, static_cast<ptrdiff_t>(x));
         if (y)
             plot_pair(centre - y, static_cast<ptrdiff_t>(x));
     };
-    plot_step(0, 0);
-    dtk::walk_quarter({rect.w, rect.h, 2LL * pole}, [&](long long x, long long rows, bool) { plot_step(x, rows); },
-                      plot_step);
+    plot_step(0);
+    dtk::walk_quarter({rect.w, rect.h, 2LL * pole},
+                      [&](long long x, long long, bool turned) {
+                          y -= row_words & -static_cast<ptrdiff_t>(turned);
+                          plot_step(x);
+                      },
+                      [&](long long x, long long) {
+                          y -= row_words;
+                          plot_step(x);
+                      });
 }
 
 bool is_inside(DFBPoint point, Extent extent)
