@@ -112,19 +112,24 @@ void walk_quarter(const QuarterEllipse& quarter, Flat&& flat, Steep&& steep)
 /// Walks the whole outline of the ellipse inside a box, whose centre is (box.x + box.w / 2, box.y + box.h / 2).
 ///
 /// Calls `visit_poles(y)` for the two points on the centre's column, then `visit(x, y)` for each step: the distances of four
-/// mirrored points from the centre's column and row. In the last step y is 0.
-template <typename VisitPoles, typename Visit>
-void walk_ellipse(const DFBRectangle& box, VisitPoles&& visit_poles, Visit&& visit)
+/// mirrored points from the centre's column and row. Rows are `row_size` apart: 1, or whatever leads from a row to the next
+/// in memory. In the last step y is 0.
+template <typename Distance, typename VisitPoles, typename Visit>
+void walk_ellipse(const DFBRectangle& box, Distance row_size, VisitPoles&& visit_poles, Visit&& visit)
 {
     const int pole = box.h / 2;
-    const auto visit_points = [&](long long x, long long rows) {
-        visit(static_cast<int>(x), pole - static_cast<int>(rows));
-    };
-
-    visit_poles(pole);
+    Distance y = pole * row_size;
+    visit_poles(y);
     // For an odd height the first row is nearer to the centre than the half axis is long.
-    walk_quarter({box.w, box.h, 2LL * pole}, [&](long long x, long long rows, bool) { visit_points(x, rows); },
-                 visit_points);
+    walk_quarter({box.w, box.h, 2LL * pole},
+                 [&](long long x, long long, bool turned) {
+                     y -= row_size & -static_cast<Distance>(turned);
+                     visit(static_cast<Distance>(x), y);
+                 },
+                 [&](long long x, long long) {
+                     y -= row_size;
+                     visit(static_cast<Distance>(x), y);
+                 });
 }
 
 } // namespace dtk

@@ -57,24 +57,6 @@ private:
     u32* pixels_;
 };
 
-/// Stores a whole outline; the distance to the centre's row is carried along.
-void store_outline(const CentredPixels& pixels, const DFBRectangle& box, u32 color)
-{
-    const int pole = box.h / 2;
-    const std::ptrdiff_t pitch = pixels.bytes(1);
-    std::ptrdiff_t row = pixels.bytes(pole);
-    pixels.store_all(0, row, color);
-    walk_quarter({box.w, box.h, 2LL * pole},
-                 [&](long long x, long long, bool turned) {
-                     row -= pitch & -std::ptrdiff_t(turned);
-                     pixels.store_all(std::ptrdiff_t(x), row, color);
-                 },
-                 [&](long long x, long long) {
-                     row -= pitch;
-                     pixels.store_all(std::ptrdiff_t(x), row, color);
-                 });
-}
-
 /// Locks the surface and calls `store(pixels)`.
 template <typename Store>
 DFBResult draw_outline(IDirectFBSurface* dest, const DFBRectangle& rect, Store&& store)
@@ -120,7 +102,7 @@ DFBResult outline_ellipse_clipped(IDirectFBSurface* dest, const DFBRectangle& re
 {
     return draw_outline(dest, rect, [=](const CentredPixels& pixels) {
         const auto store = [&](int x, int y) { pixels.store_inside(size, x, y, color); };
-        walk_ellipse(rect, [&](int pole) { store(0, pole); }, store);
+        walk_ellipse(rect, 1, [&](int pole) { store(0, pole); }, store);
     });
 }
 
@@ -128,5 +110,8 @@ DFBResult outline_ellipse_clipped(IDirectFBSurface* dest, const DFBRectangle& re
 
 DFBResult outline_ellipse_argb(IDirectFBSurface* dest, const DFBRectangle* rect, u32 color)
 {
-    return draw_outline(dest, *rect, [=](const CentredPixels& pixels) { store_outline(pixels, *rect, color); });
+    return draw_outline(dest, *rect, [=](const CentredPixels& pixels) {
+        const auto store = [&](std::ptrdiff_t x, std::ptrdiff_t rows) { pixels.store_all(x, rows, color); };
+        walk_ellipse(*rect, pixels.bytes(1), [&](std::ptrdiff_t pole) { store(0, pole); }, store);
+    });
 }

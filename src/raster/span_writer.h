@@ -28,15 +28,15 @@ public:
     {
         const long long first = std::max(left, left_);
         const long long count = std::min(left + width, right_) - first;
-        const bool one_is_visible = is_visible(one), other_is_visible = is_visible(other);
-        if (count <= 0 || !(one_is_visible || other_is_visible) || !pixels_)
+        const bool shows_one = is_visible(one), shows_other = is_visible(other);
+        if (count <= 0 || !(shows_one || shows_other) || !pixels_)
             return;
-        Pixel* const first_row = address(one_is_visible ? one : other, first);
-        Pixel* const last_row = address(other_is_visible ? other : one, first);
         if (count <= side_by_side)
-            return store(count, first_row, last_row);
-        store(count, first_row);
-        store(count, last_row);
+            return store(count, address(shows_one ? one : other, first), address(shows_other ? other : one, first));
+        if (shows_one)
+            store(count, address(one, first));
+        if (shows_other)
+            store(count, address(other, first));
     }
 
     /// Writes as wide columns twice, on both sides of what lies between.

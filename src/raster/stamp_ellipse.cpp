@@ -7,7 +7,7 @@ DFBResult stamp_ellipse(IDirectFBSurface* dest, const DFBRectangle* rect, IDirec
     const int cy = rect->y + rect->h / 2;
     dtk::StampBatch batch(dest, pen_surface);
     dtk::walk_ellipse(
-        *rect, [&](int pole) { batch.add_pair(cx, cy + pole, cx, cy - pole); },
+        *rect, 1, [&](int pole) { batch.add_pair(cx, cy + pole, cx, cy - pole); },
         [&](int x, int y) {
             batch.add_pair(cx + x, cy + y, cx - x, cy + y);
             batch.add_pair(cx + x, cy - y, cx - x, cy - y);

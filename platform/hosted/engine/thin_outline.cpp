@@ -64,8 +64,7 @@ void plot_steps(uint32_t* pixel, const PixelSteps& steps, const Plot& plot)
 template <typename Plot>
 void plot_ellipse(const Pixels& target, const DFBRectangle& rect, const Plot& plot)
 {
-    const int pole = rect.h / 2;
-    uint32_t* const centre = target.row(rect.y + pole) + rect.x + rect.w / 2;
+    uint32_t* const centre = target.row(rect.y + rect.h / 2) + rect.x + rect.w / 2;
     const auto row_words = static_cast<ptrdiff_t>(target.row_words);
 
     const auto plot_pair = [&plot](uint32_t* middle, ptrdiff_t x) {
@@ -73,22 +72,12 @@ void plot_ellipse(const Pixels& target, const DFBRectangle& rect, const Plot& pl
         if (x)
             plot(middle - x);
     };
-    ptrdiff_t y = pole * row_words;
-    const auto plot_step = [&](long long x) {
-        plot_pair(centre + y, static_cast<ptrdiff_t>(x));
+    const auto plot_mirrored = [&](ptrdiff_t x, ptrdiff_t y) {
+        plot_pair(centre + y, x);
         if (y)
-            plot_pair(centre - y, static_cast<ptrdiff_t>(x));
+            plot_pair(centre - y, x);
     };
-    plot_step(0);
-    dtk::walk_quarter({rect.w, rect.h, 2LL * pole},
-                      [&](long long x, long long, bool turned) {
-                          y -= row_words & -static_cast<ptrdiff_t>(turned);
-                          plot_step(x);
-                      },
-                      [&](long long x, long long) {
-                          y -= row_words;
-                          plot_step(x);
-                      });
+    dtk::walk_ellipse(rect, row_words, [&](ptrdiff_t pole) { plot_mirrored(0, pole); }, plot_mirrored);
 }
 
 bool is_inside(DFBPoint point, Extent extent)
