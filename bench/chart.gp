@@ -9,7 +9,7 @@ sizes = "0.8 1.2 1.2 0.5 0.5 0.5 0.5 0.5 0.5 0.5 0.5"
 
 set title "Time of one drawing, as a multiple of the plainest loop over its pixels (logarithmic, further left is faster)"
 set logscale x
-set xrange [0.7:500]
+set xrange [0.5:500]
 set xlabel "multiple of the floor"
 set grid x y
 set yrange [:] reverse
