@@ -61,6 +61,7 @@ private:
     /// Up to this width both rows are stored together: no processor foretells where a row ends, and to be surprised once
     /// is cheaper than twice. Wide rows would only slow each other down.
     static constexpr int side_by_side = 32;
+
     struct Block {
         Pixel pixels[per_block];
     };
@@ -83,7 +84,7 @@ private:
                 ((rows[i] = value_), ...);
             return;
         }
-        const Block block = block_;
+        const Block block = block_; // The compiler cannot know that the stores leave the member alone.
         const long long last = count - per_block;
         for (long long i = 0; i < last; i += per_block)
             (std::memcpy(rows + i, &block, sizeof block), ...);
