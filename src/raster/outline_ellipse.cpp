@@ -3,6 +3,7 @@
 #include "raster/ellipse_walk.h"
 #include "toolkit/result.h"
 
+#include <climits>
 #include <cstddef>
 #include <cstdio>
 
@@ -10,52 +11,71 @@ using namespace dtk;
 
 namespace {
 
+/// The pixels that may be stored to, the far edges not included.
+struct Limits {
+    long long left, top, right, bottom;
+};
+
 /// The rows and columns of a locked surface, seen from the centre of an ellipse.
 class CentredPixels {
 public:
     CentredPixels(void* pixels, int pitch, const DFBRectangle& box)
-        : pitch_(pitch), cx_(box.x + box.w / 2), cy_(box.y + box.h / 2), centre_row_(cy_ * pitch_),
-          pixels_(static_cast<u32*>(pixels) + cx_)
+        : pitch_(pitch), cx_(box.x + box.w / 2), cy_(box.y + box.h / 2), pixels_(static_cast<u32*>(pixels) + cx_)
     {
     }
 
-    /// The distance in bytes of a row that lies this many rows from the centre's.
-    std::ptrdiff_t bytes(int rows) const { return rows * pitch_; }
+    /// Whether rows lie as many bytes apart as some pixels have.
+    bool has_whole_rows() const { return pitch_ % pixel_size == 0; }
 
-    /// Stores the four mirrored pixels at the distance x and as many bytes above and below the centre.
-    void store_all(std::ptrdiff_t x, std::ptrdiff_t rows, u32 color) const
+    std::ptrdiff_t row_size() const { return pitch_ / pixel_size; }
+    u32* centre() const { return row(0); }
+
+    /// Stores those of the four mirrored pixels that lie within the limits.
+    [[gnu::noinline]] void store_within(const Limits& limits, int x, int y, u32 color) const
     {
-        u32* const lower = middle_of(rows);
-        u32* const upper = middle_of(-rows);
+        store_one_within(limits, x, y, color);
+        store_one_within(limits, x, -y, color);
+        store_one_within(limits, -x, y, color);
+        store_one_within(limits, -x, -y, color);
+    }
+
+private:
+    static constexpr int pixel_size = 4;
+
+    /// The pixel of the centre's column in a row this far below the centre.
+    u32* row(int y) const { return pixels_ + ((cy_ + y) * pitch_ >> 2); }
+
+    void store_one_within(const Limits& limits, int x, int y, u32 color) const
+    {
+        const std::ptrdiff_t column = cx_ + x, line = cy_ + y;
+        if (column >= limits.left && column < limits.right && line >= limits.top && line < limits.bottom)
+            row(y)[x] = color;
+    }
+
+    std::ptrdiff_t pitch_, cx_, cy_;
+    u32* pixels_;
+};
+
+/// Stores every pixel that lies within the limits, in rows that may lie any number of bytes apart.
+void store_within(const Limits& limits, const CentredPixels& pixels, const DFBRectangle& box, u32 color)
+{
+    const auto store = [&](int x, int y) { pixels.store_within(limits, x, y, color); };
+    walk_ellipse(box, 1, [&](int pole) { store(0, pole); }, store);
+}
+
+void store_all(const CentredPixels& pixels, const DFBRectangle& box, u32 color)
+{
+    u32* const centre = pixels.centre();
+    const auto store = [&](std::ptrdiff_t x, std::ptrdiff_t rows) {
+        u32* const lower = centre + rows;
+        u32* const upper = centre - rows;
         lower[x] = color;
         upper[x] = color;
         lower[-x] = color;
         upper[-x] = color;
-    }
-
-    [[gnu::noinline]] void store_inside(DFBDimension size, int x, int y, u32 color) const
-    {
-        store_one_inside(size, x, y, color);
-        store_one_inside(size, x, -y, color);
-        store_one_inside(size, -x, y, color);
-        store_one_inside(size, -x, -y, color);
-    }
-
-private:
-    /// The pixel of the centre's column in a row as many bytes below the centre.
-    u32* middle_of(std::ptrdiff_t rows) const { return pixels_ + ((centre_row_ + rows) >> 2); }
-
-    static bool is_within(std::ptrdiff_t position, int size) { return position >= 0 && position < size; }
-
-    void store_one_inside(DFBDimension size, int x, int y, u32 color) const
-    {
-        if (is_within(cx_ + x, size.w) && is_within(cy_ + y, size.h))
-            middle_of(bytes(y))[x] = color;
-    }
-
-    std::ptrdiff_t pitch_, cx_, cy_, centre_row_;
-    u32* pixels_;
-};
+    };
+    walk_ellipse(box, pixels.row_size(), [&](std::ptrdiff_t pole) { store(0, pole); }, store);
+}
 
 /// Locks the surface and calls `store(pixels)`.
 template <typename Store>
@@ -100,10 +120,8 @@ bool outline_fits(const DFBRectangle& rect, DFBDimension size)
 
 DFBResult outline_ellipse_clipped(IDirectFBSurface* dest, const DFBRectangle& rect, DFBDimension size, u32 color)
 {
-    return draw_outline(dest, rect, [=](const CentredPixels& pixels) {
-        const auto store = [&](int x, int y) { pixels.store_inside(size, x, y, color); };
-        walk_ellipse(rect, 1, [&](int pole) { store(0, pole); }, store);
-    });
+    const Limits limits = {0, 0, size.w, size.h};
+    return draw_outline(dest, rect, [&](const CentredPixels& pixels) { store_within(limits, pixels, rect, color); });
 }
 
 } // namespace dtk
@@ -111,7 +129,9 @@ DFBResult outline_ellipse_clipped(IDirectFBSurface* dest, const DFBRectangle& re
 DFBResult outline_ellipse_argb(IDirectFBSurface* dest, const DFBRectangle* rect, u32 color)
 {
     return draw_outline(dest, *rect, [=](const CentredPixels& pixels) {
-        const auto store = [&](std::ptrdiff_t x, std::ptrdiff_t rows) { pixels.store_all(x, rows, color); };
-        walk_ellipse(*rect, pixels.bytes(1), [&](std::ptrdiff_t pole) { store(0, pole); }, store);
+        if (pixels.has_whole_rows())
+            return store_all(pixels, *rect, color);
+        constexpr Limits everywhere = {LLONG_MIN, LLONG_MIN, LLONG_MAX, LLONG_MAX};
+        store_within(everywhere, pixels, *rect, color);
     });
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 namespace dtk {
@@ -34,9 +35,9 @@ public:
         if (count <= side_by_side)
             return store(count, address(shows_one ? one : other, first), address(shows_other ? other : one, first));
         if (shows_one)
-            store(count, address(one, first));
+            store_wide(count, address(one, first));
         if (shows_other)
-            store(count, address(other, first));
+            store_wide(count, address(other, first));
     }
 
     /// Writes as wide columns twice, on both sides of what lies between.
@@ -89,6 +90,24 @@ private:
         for (long long i = 0; i < last; i += per_block)
             (std::memcpy(rows + i, &block, sizeof block), ...);
         (std::memcpy(rows + last, &block, sizeof block), ...);
+    }
+
+    /// Stores to a row of some blocks at least: in between to where a block may begin in memory, as one that crosses the
+    /// border of a cache line costs two.
+    void store_wide(long long count, Pixel* row) const
+    {
+        const Block block = block_;
+        Pixel* const last = row + (count - per_block);
+        std::memcpy(row, &block, sizeof block);
+        for (Pixel* place = next_boundary(row); place < last; place += per_block)
+            std::memcpy(place, &block, sizeof block);
+        std::memcpy(last, &block, sizeof block);
+    }
+
+    static Pixel* next_boundary(Pixel* row)
+    {
+        const auto pixels_beyond = reinterpret_cast<std::uintptr_t>(row) % sizeof(Block) / sizeof(Pixel);
+        return row + (per_block - pixels_beyond);
     }
 
     Pixel* pixels_;
