@@ -3,9 +3,9 @@
 #include "raster/ellipse_walk.h"
 #include "toolkit/result.h"
 
-#include <climits>
 #include <cstddef>
 #include <cstdio>
+#include <limits>
 
 using namespace dtk;
 
@@ -77,9 +77,18 @@ void store_all(const CentredPixels& pixels, const DFBRectangle& box, u32 color)
     walk_ellipse(box, pixels.row_size(), [&](std::ptrdiff_t pole) { store(0, pole); }, store);
 }
 
-/// Locks the surface and calls `store(pixels)`.
-template <typename Store>
-DFBResult draw_outline(IDirectFBSurface* dest, const DFBRectangle& rect, Store&& store)
+/// Stores the whole outline, or what of it lies within the limits.
+void store(const CentredPixels& pixels, const DFBRectangle& box, const Limits* limits, u32 color)
+{
+    using Number = std::numeric_limits<long long>;
+    constexpr Limits everywhere = {Number::min(), Number::min(), Number::max(), Number::max()};
+    if (!limits && pixels.has_whole_rows())
+        store_all(pixels, box, color);
+    else
+        store_within(limits ? *limits : everywhere, pixels, box, color);
+}
+
+DFBResult outline_ellipse(IDirectFBSurface* dest, const DFBRectangle& rect, const Limits* limits, u32 color)
 {
     DFBSurfacePixelFormat format = DSPF_UNKNOWN;
     if (DFBResult result = dest->GetPixelFormat(dest, &format))
@@ -93,7 +102,7 @@ DFBResult draw_outline(IDirectFBSurface* dest, const DFBRectangle& rect, Store&&
     int pitch = 0;
     dest->Lock(dest, DSLF_WRITE, &pixels, &pitch);
     if (pixels)
-        store(CentredPixels(pixels, pitch, rect));
+        store(CentredPixels(pixels, pitch, rect), rect, limits, color);
     dest->Unlock(dest);
     return result::ok;
 }
@@ -108,30 +117,22 @@ bool fits(int origin, int extent, int excess, int size)
     return centre - reach >= 0 && centre + reach < size;
 }
 
-} // namespace
-
-namespace dtk {
-
-bool outline_fits(const DFBRectangle& rect, DFBDimension size)
+/// Whether all pixels of the outline lie inside a surface of this size.
+bool is_inside(const DFBRectangle& rect, DFBDimension size)
 {
     // The walk may end one column beyond the half axis, in a box of 5 x 2 for one.
     return fits(rect.x, rect.w, 1, size.w) && fits(rect.y, rect.h, 0, size.h);
 }
 
-DFBResult outline_ellipse_clipped(IDirectFBSurface* dest, const DFBRectangle& rect, DFBDimension size, u32 color)
+} // namespace
+
+DFBResult dtk::outline_ellipse_inside(IDirectFBSurface* dest, const DFBRectangle& rect, DFBDimension size, u32 color)
 {
     const Limits limits = {0, 0, size.w, size.h};
-    return draw_outline(dest, rect, [&](const CentredPixels& pixels) { store_within(limits, pixels, rect, color); });
+    return outline_ellipse(dest, rect, is_inside(rect, size) ? nullptr : &limits, color);
 }
-
-} // namespace dtk
 
 DFBResult outline_ellipse_argb(IDirectFBSurface* dest, const DFBRectangle* rect, u32 color)
 {
-    return draw_outline(dest, *rect, [=](const CentredPixels& pixels) {
-        if (pixels.has_whole_rows())
-            return store_all(pixels, *rect, color);
-        constexpr Limits everywhere = {LLONG_MIN, LLONG_MIN, LLONG_MAX, LLONG_MAX};
-        store_within(everywhere, pixels, *rect, color);
-    });
+    return outline_ellipse(dest, *rect, nullptr, color);
 }

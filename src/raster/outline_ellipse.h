@@ -5,11 +5,8 @@
 
 namespace dtk {
 
-/// Whether outline_ellipse_argb keeps inside a surface of this size.
-bool outline_fits(const DFBRectangle& rect, DFBDimension size);
-
 /// Does what outline_ellipse_argb does, and leaves out the pixels that lie outside a surface of this size.
-DFBResult outline_ellipse_clipped(IDirectFBSurface* dest, const DFBRectangle& rect, DFBDimension size, u32 color);
+DFBResult outline_ellipse_inside(IDirectFBSurface* dest, const DFBRectangle& rect, DFBDimension size, u32 color);
 
 } // namespace dtk
 

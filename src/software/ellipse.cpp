@@ -63,8 +63,7 @@ DFBResult outline_thin(const DTKHDDVD_data& toolkit, const DFBRectangle& box, Ca
     DFBDimension size = {0, 0};
     if (DFBResult result = canvas.surface->GetSize(canvas.surface, &size.w, &size.h))
         return result;
-    return outline_fits(rect, size) ? outline_ellipse_argb(canvas.surface, &rect, color)
-                                    : outline_ellipse_clipped(canvas.surface, rect, size, color);
+    return outline_ellipse_inside(canvas.surface, rect, size, color);
 }
 
 DFBResult outline(const DTKHDDVD_data& toolkit, const DFBRectangle& box, Canvas& canvas)
