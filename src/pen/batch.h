@@ -3,6 +3,8 @@
 
 #include "dtkhddvd.h"
 
+#include <cstddef>
+
 namespace dtk {
 
 /// Stamps a pen's picture, centred on one point after the other, and sends 64 stamps with each BatchBlit.
@@ -31,7 +33,7 @@ public:
     }
 
     /// Sends what is left. The result is that of the last DirectFB call.
-    DFBResult finish() { return count_ ? send(count_, is_first_) : result_; }
+    DFBResult finish() { return count_ ? send(static_cast<int>(count_), is_first_) : result_; }
 
 private:
     struct Start {
@@ -55,7 +57,7 @@ private:
 
     Start start_;
     DFBResult result_;
-    int count_ = 0;
+    std::ptrdiff_t count_ = 0; ///< As wide as an address, so that each stamp is found without converting it.
     bool is_first_ = true;
 };
 

@@ -3,13 +3,6 @@
 
 namespace dtk {
 
-/// A quarter of an ellipse with the half axes a = width / 2 and b = height / 2, walked from its pole to its middle.
-struct QuarterEllipse {
-    long long width;
-    long long height;
-    long long start; ///< Twice the distance of the walk's first row from the centre.
-};
-
 // The decision value d is the ellipse's equation b2 * x^2 + a2 * y^2 - a2 * b2 at the midpoint between the two pixels
 // that may come next: negative means inside. Everything is kept as whole numbers: y doubled, squares of the half axes
 // times 4, d times 16. Scaling by powers of two rounds nothing, so doubles give what the unscaled terms would.
@@ -31,12 +24,14 @@ private:
     Number square_;
 };
 
-/// The steps where the outline is flat: x grows with each of them. `Number` is what is rounded, double as a rule.
+/// The steps where the outline is flat: x grows with each of them. `Number` rounds as double does.
 template <typename Number>
 class FlatSteps {
 public:
-    explicit FlatSteps(const QuarterEllipse& quarter)
-        : FlatSteps(quarter, static_cast<Number>(quarter.width), static_cast<Number>(quarter.height))
+    /// Begins at twice the height y, which may be less than that of the ellipse.
+    FlatSteps(Number height, Number a2, Number b2, long long y)
+        : d_(4 * b2 - 2 * (a2 * height) + a2), fall_(y - 1, -2, a2), run_(2, 2, b2), east_(12, 8, b2),
+          south_(4 * (2 - y), 8, a2)
     {
     }
 
@@ -55,17 +50,6 @@ public:
     }
 
 private:
-    FlatSteps(const QuarterEllipse& quarter, Number width, Number height)
-        : FlatSteps(quarter.start, height, width * width, height * height)
-    {
-    }
-
-    FlatSteps(long long y, Number height, Number a2, Number b2)
-        : d_(4 * b2 - 2 * (a2 * height) + a2), fall_(y - 1, -2, a2), run_(2, 2, b2), east_(12, 8, b2),
-          south_(4 * (2 - y), 8, a2)
-    {
-    }
-
     Number d_;
     Term<Number> fall_, run_, east_, south_;
 };
@@ -74,10 +58,10 @@ private:
 template <typename Number>
 class SteepSteps {
 public:
-    /// From twice the height y and the column x on.
-    SteepSteps(const QuarterEllipse& quarter, long long x, long long y)
-        : SteepSteps(x, y, static_cast<Number>(quarter.width) * static_cast<Number>(quarter.width),
-                     static_cast<Number>(quarter.height) * static_cast<Number>(quarter.height))
+    /// Begins at the column x and twice the height y.
+    SteepSteps(Number a2, Number b2, long long x, long long y)
+        : d_(times(2 * x + 1, times(2 * x + 1, b2)) + times(y - 2, times(y - 2, a2)) - a2 * b2),
+          widening_(8 * (x + 1), 8, b2), narrowing_(4 * (3 - y), 8, a2)
     {
     }
 
@@ -92,12 +76,6 @@ public:
     }
 
 private:
-    SteepSteps(long long x, long long y, Number a2, Number b2)
-        : d_(times(2 * x + 1, times(2 * x + 1, b2)) + times(y - 2, times(y - 2, a2)) - a2 * b2),
-          widening_(8 * (x + 1), 8, b2), narrowing_(4 * (3 - y), 8, a2)
-    {
-    }
-
     static Number times(long long factor, Number value) { return static_cast<Number>(factor) * value; }
 
     Number d_;
@@ -110,16 +88,18 @@ inline long long mask(bool holds)
     return -static_cast<long long>(holds);
 }
 
-/// Integers carry the terms along, a quarter as large: only the sign of d counts, and every term is a multiple of 4. d is
-/// kept inverted, because its sign then is the mask.
+/// Integers carry the terms along, a quarter as large: only the sign of d counts, and whatever is added to it is a multiple
+/// of 4. d is kept inverted, because its sign then is the mask.
 template <>
 class FlatSteps<long long> {
 public:
-    explicit FlatSteps(const QuarterEllipse& quarter)
-        : FlatSteps(quarter.start, quarter.height, quarter.width * quarter.width, quarter.height * quarter.height)
+    FlatSteps(long long height, long long a2, long long b2, long long y)
+        : inverted_d_(~((4 * b2 - 2 * (a2 * height) + a2) >> 2)), east_(3 * b2), south_((y - 2) * a2),
+          east_step_(2 * b2), south_step_(2 * a2), limit_(-a2 - b2)
     {
     }
 
+    /// Fall and run are the same terms but for one square each, which the limit makes up for.
     bool is_flat() const { return south_ - east_ > limit_; }
 
     bool step()
@@ -133,12 +113,6 @@ public:
     }
 
 private:
-    FlatSteps(long long y, long long height, long long a2, long long b2)
-        : inverted_d_(~((4 * b2 - 2 * (a2 * height) + a2) >> 2)), east_(3 * b2), south_((y - 2) * a2),
-          east_step_(2 * b2), south_step_(2 * a2), limit_(-a2 - b2)
-    {
-    }
-
     long long inverted_d_, east_, south_;
     long long east_step_, south_step_, limit_;
 };
@@ -146,8 +120,9 @@ private:
 template <>
 class SteepSteps<long long> {
 public:
-    SteepSteps(const QuarterEllipse& quarter, long long x, long long y)
-        : SteepSteps(x, y, quarter.width * quarter.width, quarter.height * quarter.height)
+    SteepSteps(long long a2, long long b2, long long x, long long y)
+        : d_(((2 * x + 1) * ((2 * x + 1) * b2) + (y - 2) * ((y - 2) * a2) - a2 * b2) >> 2), widening_(2 * (x + 1) * b2),
+          narrowing_((3 - y) * a2), widening_step_(2 * b2), narrowing_step_(2 * a2)
     {
     }
 
@@ -162,12 +137,6 @@ public:
     }
 
 private:
-    SteepSteps(long long x, long long y, long long a2, long long b2)
-        : d_(((2 * x + 1) * ((2 * x + 1) * b2) + (y - 2) * ((y - 2) * a2) - a2 * b2) >> 2), widening_(2 * (x + 1) * b2),
-          narrowing_((3 - y) * a2), widening_step_(2 * b2), narrowing_step_(2 * a2)
-    {
-    }
-
     long long d_, widening_, narrowing_;
     long long widening_step_, narrowing_step_;
 };

@@ -7,6 +7,13 @@
 
 namespace dtk {
 
+/// A quarter of an ellipse with the half axes a = width / 2 and b = height / 2, walked from its pole to its middle.
+struct QuarterEllipse {
+    long long width;
+    long long height;
+    long long start; ///< Twice the distance of the walk's first row from the centre.
+};
+
 /// Walks a quarter ellipse. `Number` is what the decision value is computed in.
 ///
 /// From the pole x grows by one pixel a step while the outline is flat, and `flat(x, rows, turned)` is called after each
@@ -15,8 +22,13 @@ namespace dtk {
 template <typename Number, typename Flat, typename Steep>
 void walk_quarter_in(const QuarterEllipse& quarter, Flat&& flat, Steep&& steep)
 {
+    const auto width = static_cast<Number>(quarter.width);
+    const auto height = static_cast<Number>(quarter.height);
+    const Number a2 = width * width;
+    const Number b2 = height * height;
     long long x = 0, rows = 0;
-    for (FlatSteps<Number> steps(quarter); steps.is_flat();) {
+
+    for (FlatSteps<Number> steps(height, a2, b2, quarter.start); steps.is_flat();) {
         const bool turned = steps.step();
         ++x;
         rows += turned;
@@ -24,7 +36,7 @@ void walk_quarter_in(const QuarterEllipse& quarter, Flat&& flat, Steep&& steep)
     }
 
     long long y = quarter.start - 2 * rows;
-    for (SteepSteps<Number> steps(quarter, x, y); y > 0; y -= 2) {
+    for (SteepSteps<Number> steps(a2, b2, x, y); y > 0; y -= 2) {
         x += steps.step();
         ++rows;
         steep(x, rows);

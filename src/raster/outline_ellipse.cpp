@@ -107,14 +107,11 @@ DFBResult outline_ellipse(IDirectFBSurface* dest, const DFBRectangle& rect, cons
     return result::ok;
 }
 
-/// Whether the run of pixels that reaches `excess` further than half the extent to both sides of its middle lies within 0
-/// and `size`.
-bool fits(int origin, int extent, int excess, int size)
+/// Whether the pixels from the middle of a length as far as its half to both sides, and `excess` more, lie from 0 up to
+/// `size`.
+bool fits(int origin, int length, int excess, int size)
 {
-    const long long half = extent / 2;
-    const long long centre = origin + half;
-    const long long reach = (half < 0 ? -half : half) + excess;
-    return centre - reach >= 0 && centre + reach < size;
+    return length >= 0 && origin >= excess && origin + 2LL * (length / 2) + excess < size;
 }
 
 /// Whether all pixels of the outline lie inside a surface of this size.

@@ -52,7 +52,7 @@ DFBResult outline_stamped(const DTKHDDVD_data& toolkit, const DFBRectangle& box,
     return stamp_ellipse(canvas.surface, &box, pen_surface.get());
 }
 
-/// The rasteriser never clips, so it only gets outlines that lie inside the surface.
+/// The exported rasteriser never clips; here its box may lie anywhere.
 DFBResult outline_thin(const DTKHDDVD_data& toolkit, const DFBRectangle& box, Canvas& canvas)
 {
     const DFBRectangle rect = inner(box);
