@@ -65,4 +65,27 @@ TEST_F(HugeEllipse, IsFilledLikeTheReference)
     }
 }
 
+/// The rows lie only a few pixels apart and over each other, so that little memory holds any number of them.
+TEST_F(HugeEllipse, IsOutlinedLikeTheReference)
+{
+    constexpr u32 color = 0xff102030;
+    fake::Random random(49);
+    for (int i = 0; i < 100 && !HasFailure(); i++) {
+        const DFBRectangle box = any_box(random), rect = {1, 0, box.w, box.h};
+        const int row_words = random.between(1, 7);
+        const auto new_surface = [&](const char* name) -> fake::Surface& {
+            fake::Surface& surface = fake::new_surface(name, rect.w + 3, rect.w + rect.h + 3, DSPF_ARGB);
+            surface.pitch = row_words * 4;
+            return surface;
+        };
+        fake::Surface& surface = new_surface("surface");
+        fake::Surface& expected = new_surface("expected");
+        for (const DFBPoint& pixel : reference::outline_pixels(rect))
+            expected.fill(pixel.x, pixel.y, 1, 1, color);
+        EXPECT_EQ(outline_ellipse_argb(&surface, &rect, color), 0);
+        EXPECT_TRUE(surface.memory() == expected.memory()) << rect.w << " x " << rect.h << ", " << row_words;
+        fake::forget_surfaces_but(screen);
+    }
+}
+
 } // namespace
