@@ -24,7 +24,7 @@ public:
     {
     }
 
-    /// Whether rows lie as many bytes apart as some pixels have.
+    /// Whether the rows lie a whole number of pixels apart.
     bool has_whole_rows() const { return pitch_ % pixel_size == 0; }
 
     std::ptrdiff_t row_size() const { return pitch_ / pixel_size; }
