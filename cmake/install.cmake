@@ -3,24 +3,9 @@
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/dtkhddvd)
-set(private_dir ${CMAKE_INSTALL_LIBDIR}/dtkhddvd)
 
-# A cairo of the system's is found as every other library is. One built for this project goes along, in a folder of its
-# own: it has the name of the system's cairo, and programs that use that one must not find ours. Its debugging
-# information would name the folder that it was built in.
-pkg_get_variable(cairo_libdir cairo-directfb libdir)
-set(install_rpath $ORIGIN)
-if(NOT cairo_libdir IN_LIST CMAKE_C_IMPLICIT_LINK_DIRECTORIES)
-  # The system's own cairo may lie in the folder of the libraries.
-  list(PREPEND install_rpath $ORIGIN/dtkhddvd)
-  file(REAL_PATH ${cairo_libdir}/libcairo.so.2 cairo_file)
-  install(FILES ${cairo_file} DESTINATION ${private_dir} RENAME libcairo.so.2 COMPONENT library)
-  install(CODE "execute_process(COMMAND \"${CMAKE_STRIP}\" --strip-unneeded
-    \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${private_dir}/libcairo.so.2\" COMMAND_ERROR_IS_FATAL ANY)"
-    COMPONENT library)
-endif()
 set(programs dtk_bench dtk_demo test_dtkhd)
-set_target_properties(dtkhddvd PROPERTIES INSTALL_RPATH "${install_rpath}")
+set_target_properties(dtkhddvd PROPERTIES INSTALL_RPATH $ORIGIN)
 set_target_properties(${programs} PROPERTIES INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
 
 install(TARGETS dtkhddvd EXPORT dtkhddvd

@@ -1,8 +1,7 @@
 #include "software/pattern.h"
 
+#include "toolkit/cairo_surface.h"
 #include "toolkit/report.h"
-
-#include <cairo-directfb.h>
 
 #include <cstdio>
 
@@ -13,7 +12,7 @@ namespace {
 /// Destroys cairo's surface at the end of the scope; a pattern keeps its own reference.
 class TextureSurface {
 public:
-    TextureSurface(IDirectFB* dfb, IDirectFBSurface* texture) : surface_(cairo_directfb_surface_create(dfb, texture)) {}
+    TextureSurface(IDirectFB* dfb, IDirectFBSurface* texture) : surface_(create_cairo_surface(dfb, texture)) {}
     TextureSurface(const TextureSurface&) = delete;
     TextureSurface& operator=(const TextureSurface&) = delete;
     ~TextureSurface() { cairo_surface_destroy(surface_); }

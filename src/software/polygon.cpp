@@ -48,9 +48,9 @@ void set_color_source(const DFBColor& color, cairo_t* context)
 
 DFBResult fill(DTKHDDVD_data& toolkit, const Polygon& polygon, const DFBRegion& box, Canvas& canvas)
 {
-    if (!canvas.context)
-        return result::failure;
     canvas.dirty = covering(box);
+    if (DFBResult result = begin_path(toolkit, canvas, canvas.dirty))
+        return result;
     add_path(polygon, canvas.context);
     if (toolkit.fill_pattern)
         set_pattern_source(toolkit, canvas, box.x1, box.y1);
