@@ -37,7 +37,7 @@ case $case_name in
     everything_is_put_in_place)
         rm -rf "$PREFIX"
         "$CMAKE" --install "$BUILD" --prefix "$PREFIX" --strip > "$work/log" || wrong "does not install: $(cat "$work/log")"
-        expect_in_place include/dtkhddvd/dtkhddvd.h include/dtkhddvd/zuvo.h \
+        expect_in_place include/dtkhddvd/dtkhddvd.h include/dtkhddvd/dtkhddvd.hpp include/dtkhddvd/zuvo.h \
             "$LIBRARIES/libdtkhddvd.so.$VERSION" "$LIBRARIES/libzuvo.so.$VERSION" \
             "$LIBRARIES/pkgconfig/dtkhddvd.pc" "$LIBRARIES/cmake/dtkhddvd/dtkhddvdConfig.cmake" \
             bin/dtk_demo bin/dtk_bench bin/test_dtkhd share/man/man1/dtk_demo.1 share/man/man1/dtk_bench.1 \
