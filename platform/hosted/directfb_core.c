@@ -2,24 +2,32 @@
 
 #include <stdio.h>
 #include <stdlib.h>
-#include <string.h>
 
 #include <core/core.h>
 #include <core/surface.h>
 #include <core/surface_buffer.h>
 #include <fusion/hash.h>
 #include <gfx/clip.h>
-#include <misc/conf.h>
+
+#include "directfb_system.h"
+#include "directfb_variant.h"
 
 /** DirectFB itself chooses a window as soon as DISPLAY is set, even to nothing. */
 static bool has_usable_system(void)
 {
     const char *display = getenv("DISPLAY");
-    const char *system = dfb_config->system;
 
-    if (!system)
+    if (!dfb_config->system)
         return false;
-    return strcmp(system, "x11") != 0 || (display && *display);
+    return !directfb_system_is("x11") || (display && *display);
+}
+
+static void complete_layer(DFBDisplayLayerConfig *layer)
+{
+    if (layer->flags & DLCONF_BUFFERMODE)
+        return;
+    layer->flags |= DLCONF_BUFFERMODE;
+    layer->buffermode = DIRECTFB_LAYER_BUFFERS;
 }
 
 void directfb_core_complete_options(int width, int height)
@@ -29,6 +37,9 @@ void directfb_core_complete_options(int width, int height)
         DirectFBSetOption("quiet", NULL);
         DirectFBSetOption("no-cursor", NULL);
     }
+
+    if (directfb_system_is_soft())
+        complete_layer(&dfb_config->layers[DLID_PRIMARY].config);
 
     if (!dfb_config->mode.width) {
         char mode[32];
@@ -79,7 +90,7 @@ DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, Dire
     if (!core_dfb || dfb_core_get_surface(core_dfb, id, &surface) != DFB_OK)
         return DIRECTFB_CORE_UNKNOWN;
 
-    if (dfb_surface_lock_buffer(surface, CSBR_BACK, CSAID_CPU, access, lock) != DFB_OK) {
+    if (dfb_surface_lock_buffer(surface, DIRECTFB_BACK_BUFFER, CSAID_CPU, access, lock) != DFB_OK) {
         dfb_surface_unref(surface);
         return DIRECTFB_CORE_NOT_LOCKED;
     }

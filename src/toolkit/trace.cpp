@@ -34,7 +34,7 @@ bool is_tracing;
 
 void configure_tracing()
 {
-    is_tracing = D_DEBUG_CHECK(software_domain) || D_DEBUG_CHECK(hardware_domain);
+    is_tracing = direct_log_domain_check(&software_domain) || direct_log_domain_check(&hardware_domain);
 }
 
 void print_trace(const char* operation, const DTKHDDVD_data& toolkit, u32 flags)

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "accel_session.h"
+#include "directfb_variant.h"
 
 namespace accel {
 namespace {
@@ -80,7 +81,7 @@ void Canvases::add_layer()
     config.flags = DLCONF_WIDTH | DLCONF_HEIGHT | DLCONF_BUFFERMODE;
     config.width = width;
     config.height = height;
-    config.buffermode = DLBM_BACKSYSTEM;
+    config.buffermode = DIRECTFB_LAYER_BUFFERS;
     must(layer->SetConfiguration(layer, &config));
     Canvas canvas{"layer", nullptr, DSPF_UNKNOWN, width, height, false};
     must(layer->GetSurface(layer, &canvas.surface));

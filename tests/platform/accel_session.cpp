@@ -8,9 +8,13 @@
 #include <sstream>
 
 #include "accel.h"
+#include "directfb_variant.h"
 
 namespace accel {
 namespace {
+
+/// The layer's buffers as the hosted platform has them.
+constexpr const char* layer_words = DIRECTFB_LAYER_BUFFERS == DLBM_FRONTONLY ? ",layer-buffer-mode=frontonly" : "";
 
 void write_all(int file, const std::string& text)
 {
@@ -81,7 +85,8 @@ Lines run_apart(const std::function<void(Lines&)>& program)
 
 IDirectFB* start_directfb(Driver driver, const std::string& words)
 {
-    std::string program = "test", options = "--dfb:system=dummy,quiet,no-cursor,no-sighandler,mode=320x240" + words;
+    std::string program = "test", options = "--dfb:system=dummy,quiet,no-cursor,no-sighandler,mode=320x240";
+    options += layer_words + words;
     char* arguments[] = {program.data(), options.data(), nullptr};
     char** argv = arguments;
     int argc = 2;

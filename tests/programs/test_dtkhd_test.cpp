@@ -50,7 +50,7 @@ TEST(TestDtkhd, WithoutDirectFBReportsAndTearsDown)
 {
     const Outcome outcome = run_command("recorded_test_dtkhd --dfb:quiet,mode=banana");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.output, StartsWith("ERROR!! A general initialization error occured\n"));
+    EXPECT_THAT(outcome.output, StartsWith(std::string("ERROR!! ") + DirectFBErrorString(DFB_INIT) + "\n"));
     EXPECT_THAT(outcome.output, EndsWith("zuvo_dfb_ext_open_with_params(6, 2 arguments)\n"
                                          "zuvo_dfb_ext_close()\nzuvo_display_close(1)\nzuvo_uninit()\n"));
 }

@@ -7,9 +7,10 @@
 namespace real {
 namespace {
 
-constexpr char polygon_failed[] = "error in DTKHDDVD_Polygon: A general or unknown error occured\n";
-constexpr char texture_refused[] = "cant create cairo surface for texture\n"
-                                   "error in DTKHDDVD_SetFillPattern: A general or unknown error occured\n";
+const std::string failure_text = DirectFBErrorString(DFB_FAILURE);
+const std::string polygon_failed = "error in DTKHDDVD_Polygon: " + failure_text + "\n";
+const std::string texture_refused = "cant create cairo surface for texture\n"
+                                    "error in DTKHDDVD_SetFillPattern: " + failure_text + "\n";
 
 DFBResult fill_polygon(const Toolkit& toolkit)
 {
@@ -140,7 +141,7 @@ TEST_F(ErrorRecovery, IsNotPossibleOnATargetInAnIndexedFormat)
     Capture errors(stderr);
     EXPECT_EQ(fill_polygon(on_indexed), own_failure);
     EXPECT_EQ(fill_polygon(on_indexed), own_failure);
-    EXPECT_EQ(errors.text(), std::string(polygon_failed) + polygon_failed);
+    EXPECT_EQ(errors.text(), polygon_failed + polygon_failed);
 
     const DFBRectangle rect = {2, 2, 3, 3};
     EXPECT_EQ(on_indexed->Rectangle(on_indexed.get(), &rect, DTKHDDVD_FILL), DFB_OK);

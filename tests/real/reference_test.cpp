@@ -19,6 +19,17 @@ protected:
     /// What the tests' own surfaces add to those that are alive.
     static constexpr int own_surfaces = 2;
 
+    /// A sub-surface of DirectFB2 has a reference on its parent's interface, one of DirectFB 1.7 has none.
+    int references_of_a_sub_surface() const
+    {
+        const int before = ledger.on(texture);
+        IDirectFBSurface* part = nullptr;
+        EXPECT_EQ(texture->GetSubSurface(texture.get(), nullptr, &part), DFB_OK);
+        const int taken = ledger.on(texture) - before;
+        part->Release(part);
+        return taken;
+    }
+
     ReferenceLedger ledger;
     Surface surface = make_surface(24, 24);
     Surface texture = make_surface(4, 4);
@@ -119,7 +130,7 @@ TEST_P(References, OfDetachAndAttachAddUpToWhatIsMeantToStay)
 
         Forgotten forgotten(toolkit);
         ASSERT_EQ(DetachDFBSurfaceToDrawingToolkit_HDDVD(toolkit.get()), DFB_OK);
-        EXPECT_EQ(ledger.on(surface), 0);
+        EXPECT_EQ(ledger.on(surface), references_of_a_sub_surface());
         EXPECT_EQ(ledger.surfaces_alive(), own_surfaces + (has_pad() ? 2 : 1));
         forgotten.give_back_target();
         if (has_pad() && i < storm)
@@ -152,7 +163,7 @@ TEST_P(References, OfAnAttachmentAreForgottenWhenAnotherReplacesIt)
     Forgotten forgotten(toolkit);
     EXPECT_EQ(AttachDFBSurfaceToDrawingToolkit_HDDVD(toolkit.get(), texture.get()), DFB_OK);
     EXPECT_EQ(ledger.on_directfb(), 2);
-    EXPECT_EQ(ledger.on(surface), 1);
+    EXPECT_EQ(ledger.on(surface), 1 + references_of_a_sub_surface());
 
     forgotten.give_back_target_context();
     forgotten.give_back_target();

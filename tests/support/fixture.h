@@ -26,9 +26,9 @@ constexpr DFBResult own_failure = DFBResult(1);
 constexpr DFBResult no_memory = DFBResult(2);
 constexpr DFBResult thiz_null = DFBResult(20);
 
-/// What a person reads for own_failure and for no_memory.
-constexpr char own_failure_text[] = "A general or unknown error occured";
-constexpr char no_memory_text[] = "A general initialization error occured";
+/// What a person reads for own_failure and for no_memory. DirectFB 1.7 and DirectFB2 spell it differently.
+inline const char* const own_failure_text = DirectFBErrorString(DFB_FAILURE);
+inline const char* const no_memory_text = DirectFBErrorString(DFB_INIT);
 
 template <class Interface>
 struct ReleaseInterface {

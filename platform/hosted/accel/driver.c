@@ -4,12 +4,13 @@
 #include <core/core.h>
 #include <core/gfxcard.h>
 #include <core/surface_pool.h>
-#include <core/system.h>
 #include <direct/modules.h>
 #include <misc/conf.h>
 #include <stdio.h>
 #include <string.h>
 
+#include "directfb_system.h"
+#include "directfb_variant.h"
 #include "job.h"
 #include "state.h"
 
@@ -17,12 +18,8 @@ static const char driver_name[] = "zuvo_accel";
 
 static bool is_started;
 
-/// A system with hardware of its own has a driver for it; DirectFB's dummy system does not say its type. With the
-/// option no-hardware DirectFB would start a driver and not use it.
-static bool is_wanted(void)
-{
-    return !dfb_config->software_only && (dfb_system_type() == CORE_ANY || dfb_system_type() == CORE_X11);
-}
+/// A system with hardware has a driver for it. With the option no-hardware DirectFB would start one and not use it.
+static bool is_wanted(void) { return !dfb_config->software_only && directfb_system_is_soft(); }
 
 static void describe_driver(GraphicsDriverInfo *info)
 {
@@ -73,28 +70,19 @@ static void describe_device(GraphicsDeviceInfo *info)
     info->caps.clip = DFXL_BLIT | DFXL_FILLRECTANGLE;
 }
 
-// DirectFB 1.7 hands its device to every function of the driver's record, its successor does not.
-#ifdef ACCEL_DEVICE_ARGUMENT
-// A declaration has no parentheses. NOLINTNEXTLINE(bugprone-macro-parentheses)
-#define ONLY_DEVICE CoreGraphicsDevice *device __attribute__((unused))
-#define DEVICE ONLY_DEVICE,
-#else
-#define ONLY_DEVICE void
-#define DEVICE
-#endif
+static int driver_probe(DIRECTFB_ONLY_DEVICE) { return is_wanted(); }
 
-static int driver_probe(ONLY_DEVICE) { return is_wanted(); }
+static void driver_get_info(DIRECTFB_DEVICE GraphicsDriverInfo *info) { describe_driver(info); }
 
-static void driver_get_info(DEVICE GraphicsDriverInfo *info) { describe_driver(info); }
-
-static DFBResult driver_init(DEVICE GraphicsDeviceFuncs *funcs, void *driver_data, void *device_data, CoreDFB *core)
+static DFBResult driver_init(DIRECTFB_DEVICE GraphicsDeviceFuncs *funcs, void *driver_data, void *device_data,
+                             CoreDFB *core)
 {
     (void)device_data;
     (void)core;
     return start(funcs, driver_data);
 }
 
-static DFBResult driver_init_device(DEVICE GraphicsDeviceInfo *info, void *driver_data, void *device_data)
+static DFBResult driver_init_device(DIRECTFB_DEVICE GraphicsDeviceInfo *info, void *driver_data, void *device_data)
 {
     (void)driver_data;
     (void)device_data;
@@ -102,13 +90,13 @@ static DFBResult driver_init_device(DEVICE GraphicsDeviceInfo *info, void *drive
     return DFB_OK;
 }
 
-static void driver_close_device(DEVICE void *driver_data, void *device_data)
+static void driver_close_device(DIRECTFB_DEVICE void *driver_data, void *device_data)
 {
     (void)driver_data;
     (void)device_data;
 }
 
-static void driver_close(DEVICE void *driver_data)
+static void driver_close(DIRECTFB_DEVICE void *driver_data)
 {
     (void)driver_data;
     is_started = false;

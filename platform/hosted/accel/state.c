@@ -2,6 +2,7 @@
 
 #include <core/palette.h>
 #include <core/surface.h>
+#include <core/surface_allocation.h>
 #include <string.h>
 
 #include "job.h"
@@ -47,6 +48,14 @@ static const KnownBlit *find_blit(const CardState *state)
 
 static bool is_plain(const CoreSurface *surface) { return !(surface->config.caps & DSCAPS_SEPARATED); }
 
+/// DirectFB2 forgets to tell a driver which buffer of a layer is drawn to since the Flip.
+static bool has_known_buffer(const CoreSurface *surface)
+{
+    const bool is_flipped_layer = (surface->type & CSTF_LAYER) && (surface->config.caps & DSCAPS_FLIPPING);
+
+    return !DIRECTFB_SURFACE_FLIPS_LAYER || !is_flipped_layer;
+}
+
 static bool can_blit(const CardState *state)
 {
     if (state->source == state->destination || !is_plain(state->source) || !find_blit(state))
@@ -76,7 +85,7 @@ void accel_check_state(void *driver_data, void *device_data, CardState *state, D
         state->disabled |= accel;
         return;
     }
-    if (state->render_options != DSRO_NONE || !is_plain(state->destination))
+    if (state->render_options != DSRO_NONE || !is_plain(state->destination) || !has_known_buffer(state->destination))
         return;
     if ((accel == DFXL_FILLRECTANGLE && can_fill(state)) || (accel == DFXL_BLIT && can_blit(state)))
         state->accel |= accel;

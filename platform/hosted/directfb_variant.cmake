@@ -1,0 +1,45 @@
+# The target directfb_internal: DirectFB's inside, and as definitions which form it has, that of 1.7 or that of its
+# successor DirectFB2. Both have one driver ABI number, and code compiled for the other one crashes, so no version is
+# trusted: each form is compiled. What the forms mean to the sources is in directfb_variant.h.
+include(CheckCSourceCompiles)
+
+add_library(directfb_internal INTERFACE)
+target_include_directories(directfb_internal INTERFACE ${CMAKE_CURRENT_LIST_DIR})
+target_link_libraries(directfb_internal INTERFACE PkgConfig::DIRECTFB_INTERNAL)
+
+# check_directfb(RESULT CODE): whether the code compiles.
+function(check_directfb result code)
+  set(CMAKE_REQUIRED_INCLUDES ${DIRECTFB_INTERNAL_INCLUDE_DIRS})
+  set(CMAKE_REQUIRED_DEFINITIONS -D_GNU_SOURCE)
+  set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
+  check_c_source_compiles("
+#include <directfb.h>
+#include <core/gfxcard.h>
+#include <core/surface.h>
+${code}
+" ${result})
+endfunction()
+
+# find_form(DEFINITION CODE OTHER-CODE): defines DEFINITION as 1 where CODE compiles, as 0 where OTHER-CODE does.
+function(find_form definition code other_code)
+  check_directfb(${definition} "${code}")
+  if(NOT ${definition})
+    check_directfb(${definition}_IS_NOT "${other_code}")
+    if(NOT ${definition}_IS_NOT)
+      message(FATAL_ERROR "DirectFB's inside is neither that of 1.7 nor that of DirectFB2, the forms that the hosted "
+        "platform knows: ${CMAKE_BINARY_DIR}/CMakeFiles/CMakeError.log shows why ${definition} is undecided")
+    endif()
+  endif()
+  target_compile_definitions(directfb_internal INTERFACE ${definition}=$<BOOL:${${definition}}>)
+endfunction()
+
+find_form(DIRECTFB_DRIVER_HAS_DEVICE
+  "int ask(const GraphicsDriverFuncs *driver, CoreGraphicsDevice *device) { return driver->Probe(device); }"
+  "int ask(const GraphicsDriverFuncs *driver) { return driver->Probe(); }")
+find_form(DIRECTFB_CORE_HAS_BUFFER_ROLES
+  "CoreSurfaceBufferRole role = CSBR_BACK;"
+  "DFBSurfaceBufferRole role = DSBR_BACK;")
+# Where a layer leaves its Flip to the surface, the surface reports with what flags that was.
+find_form(DIRECTFB_SURFACE_FLIPS_LAYER
+  "DFBResult report(CoreSurface *surface) { return dfb_surface_dispatch_update(surface, 0, 0, 0, DSFLIP_NONE); }"
+  "DFBResult report(CoreSurface *surface) { return dfb_surface_dispatch_update(surface, 0, 0, 0); }")
