@@ -174,7 +174,7 @@ int main(int argc, char **argv)
     draw_chart(dfb, toolkit);
     toolkit->Release(toolkit);
 
-    check(screen->Flip(screen, NULL, DSFLIP_NONE));
+    check(screen->Flip(screen, NULL, DSFLIP_BLIT));
     if (argc == 3 && !strcmp(argv[1], "--dump"))
         check(screen->Dump(screen, argv[2], "chart"));
     else

@@ -111,7 +111,7 @@ static void draw_frame(IDirectFBSurface *screen, DTKHDDVD *toolkit, int hour, in
 {
     check(screen->Clear(screen, 0x10, 0x12, 0x18, 0xFF));
     draw_clock(toolkit, hour, minute, second);
-    check(screen->Flip(screen, NULL, DSFLIP_NONE));
+    check(screen->Flip(screen, NULL, DSFLIP_BLIT));
 }
 
 static int is_escape(const DFBEvent *event)

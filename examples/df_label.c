@@ -128,7 +128,7 @@ int main(int argc, char **argv)
     toolkit->Release(toolkit);
     draw_text(screen, "The Lighthouse");
 
-    check(screen->Flip(screen, NULL, DSFLIP_NONE));
+    check(screen->Flip(screen, NULL, DSFLIP_BLIT));
     if (argc == 3 && !strcmp(argv[1], "--dump"))
         check(screen->Dump(screen, argv[2], "label"));
     else

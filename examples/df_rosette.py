@@ -73,10 +73,11 @@ ffi.cdef("""
 
     DFBResult CreateDrawingToolkit_HDDVD(IDirectFB *, IDirectFBSurface *, uint8_t use_scratch_pad, DTKHDDVD **);
 """)
-directfb = ffi.dlopen("libdirectfb-1.7.so.7")
+# It brings the DirectFB along that it is linked with; another one beside it would crash.
 dtkhddvd = ffi.dlopen("libdtkhddvd.so.1")
 
 STROKE, FILL = 1, 2
+FLIP_BLIT = 2
 SIDE = 440
 
 
@@ -87,7 +88,7 @@ def call(record, operation, *arguments):
 
 def check(result, what):
     if result:
-        sys.exit(f"df_rosette: {what}: {ffi.string(directfb.DirectFBErrorString(result)).decode()}")
+        sys.exit(f"df_rosette: {what}: {ffi.string(dtkhddvd.DirectFBErrorString(result)).decode()}")
 
 
 def start_directfb():
@@ -95,10 +96,10 @@ def start_directfb():
     words = [ffi.new("char[]", word.encode()) for word in sys.argv]
     array = ffi.new("char *[]", words + [ffi.NULL])
     argc, argv = ffi.new("int *", len(words)), ffi.new("char ***", array)
-    check(directfb.DirectFBInit(argc, argv), "DirectFBInit")
+    check(dtkhddvd.DirectFBInit(argc, argv), "DirectFBInit")
 
     dfb = ffi.new("IDirectFB **")
-    check(directfb.DirectFBCreate(dfb), "DirectFBCreate")
+    check(dtkhddvd.DirectFBCreate(dfb), "DirectFBCreate")
     return dfb[0], [ffi.string(argv[0][i]).decode() for i in range(1, argc[0])]
 
 
@@ -146,7 +147,7 @@ def main():
     draw_star(toolkit[0])
     call(toolkit[0], "Release")
 
-    call(screen, "Flip", ffi.NULL, 0)
+    call(screen, "Flip", ffi.NULL, FLIP_BLIT)
     if len(arguments) == 2 and arguments[0] == "--dump":
         call(screen, "Dump", arguments[1].encode(), b"rosette")
     else:

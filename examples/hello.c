@@ -48,7 +48,7 @@ int main(int argc, char **argv)
     draw(toolkit);
     toolkit->Release(toolkit);
 
-    check(screen->Flip(screen, NULL, DSFLIP_NONE));
+    check(screen->Flip(screen, NULL, DSFLIP_BLIT));
     if (argc == 3 && !strcmp(argv[1], "--dump"))
         check(screen->Dump(screen, argv[2], "hello"));
     else

@@ -9,11 +9,16 @@ shift "$(($# < 2 ? $# : 2))"
 directory=$build
 [ "$preset" = default ] || directory=$build/$preset
 
-# A configuration made for another place of the project or of cairo would quietly go on using the old one.
+is_cached() {
+    grep -qxF "$1" "$directory/CMakeCache.txt"
+}
+
+# A configuration made for another place of the project, of cairo or of DirectFB would quietly go on using the old one.
 is_stale() {
     [ -e "$directory/CMakeCache.txt" ] || return 1
-    ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$directory/CMakeCache.txt" ||
-        ! grep -qxF "CAIRO_LIBDIR:INTERNAL=$(pkg-config --variable=libdir cairo)" "$directory/CMakeCache.txt"
+    ! is_cached "CMAKE_HOME_DIRECTORY:INTERNAL=$root" ||
+        ! is_cached "CAIRO_LIBDIR:INTERNAL=$(pkg-config --variable=libdir cairo)" ||
+        ! is_cached "DIRECTFB_LIBDIR:INTERNAL=$(pkg-config --variable=libdir directfb)"
 }
 
 configure() {

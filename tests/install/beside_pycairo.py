@@ -34,7 +34,7 @@ def pixel_by_toolkit():
     example.call(toolkit[0], "SetFillColor", *ORANGE, 0xFF)
     example.call(toolkit[0], "Polygon", corners, 4, 1, example.FILL)
     example.call(toolkit[0], "Release")
-    example.call(screen, "Flip", example.ffi.NULL, 0)
+    example.call(screen, "Flip", example.ffi.NULL, example.FLIP_BLIT)
     pixel = last_pixel_of_dump(screen)
     example.call(screen, "Release")
     example.call(dfb, "Release")

@@ -57,13 +57,19 @@ TEST(Bench, CountsThePixelsThatAreDrawn)
     std::remove(file.c_str());
 }
 
+/// DirectFB 1.7 compresses what it dumps, DirectFB2 does not.
+static bool is_dumped(const std::filesystem::path& picture)
+{
+    return std::filesystem::exists(picture) || std::filesystem::exists(picture.string() + ".gz");
+}
+
 TEST(Bench, DumpsAPictureOfEachItem)
 {
     const std::filesystem::path directory = temporary_file("dump");
     std::filesystem::create_directory(directory);
     EXPECT_EQ(run_command(quick + std::string("--only Ellipse, --dump ") + directory.string()).status, 0);
-    EXPECT_TRUE(std::filesystem::exists(directory / "Ellipse-translucent_0000.ppm.gz"));
-    EXPECT_TRUE(std::filesystem::exists(directory / "Ellipse-pattern_0000.ppm.gz"));
+    EXPECT_TRUE(is_dumped(directory / "Ellipse-translucent_0000.ppm"));
+    EXPECT_TRUE(is_dumped(directory / "Ellipse-pattern_0000.ppm"));
     std::filesystem::remove_all(directory);
 }
 

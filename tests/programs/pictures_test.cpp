@@ -39,7 +39,7 @@ const Kept kept_pictures[] = {
 #endif
 };
 
-/// A picture as IDirectFBSurface::Dump writes it.
+/// A picture as IDirectFBSurface::Dump writes it: compressed by DirectFB 1.7, as it is by DirectFB2.
 Picture read_dump(const std::filesystem::path& file)
 {
     gzFile stream = gzopen(file.c_str(), "rb");
@@ -61,7 +61,7 @@ Picture read_dump_in(const std::filesystem::path& directory)
 {
     for (const auto& entry : std::filesystem::directory_iterator(directory)) {
         const std::string name = entry.path().filename();
-        if (name.size() > 7 && name.compare(name.size() - 7, 7, ".ppm.gz") == 0)
+        if (name.find(".ppm") != std::string::npos)
             return read_dump(entry.path());
     }
     return {};
