@@ -4,8 +4,8 @@
 # it is there already. The caller holds the cache's lock.
 set -eu
 . "$(dirname "$0")/common.sh"
+. "$root/scripts/apt.sh"
 . "$root/scripts/targets/target.sh"
-. "$root/scripts/targets/apt.sh"
 describe_target "$1"
 
 log=$cache/$target.log
@@ -17,10 +17,10 @@ packages="libc6 libc6-dev linux-libc-dev libgcc-s1 libstdc++6 zlib1g zlib1g-dev 
 
 fetch() (
     # A mirror that lacks the architecture is no matter as long as one has the packages.
-    apt-get -q update || :
+    private_apt update || :
     cd "$work"
     # shellcheck disable=SC2086 # The list is split into its names.
-    apt-get -q download $packages && apt-get -q source cairo
+    private_apt download $packages && private_apt source cairo
 )
 
 # Debian's merged /usr, which the packages expect, and links that stay inside the sysroot.
@@ -108,7 +108,10 @@ trap 'rm -rf "$work"' EXIT
 trap 'exit 1' HUP INT TERM
 rm -rf "$work" "$cache/$target"-*
 : > "$log"
-use_private_apt "$work" "$target"
+private_sources "$work" "deb deb-src"
+: > "$work/status"
+use_private_apt "$work" "Dir::State::status \"$work/status\";" \
+    "#clear APT::Architectures;" "APT::Architecture \"$target\";" "APT::Architectures { \"$target\"; };"
 say "$target: fetching Debian's packages ..."
 logged "$log" "the packages for $target could not be fetched: check the network and the package sources" fetch
 say "$target: unpacking ..."

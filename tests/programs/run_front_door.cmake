@@ -8,6 +8,7 @@ foreach(case
     missing_packages_are_installed
     user_installs_through_sudo
     failing_apt_is_explained
+    missing_directfb_comes_from_debian_12
     cairo_is_built_once
     unfetchable_cairo_is_explained
     broken_try_is_replaced

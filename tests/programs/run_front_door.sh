@@ -94,6 +94,30 @@ missing_package() {
 case "$*" in *libpng-dev | *cmake) exit 1 ;; esac
 echo installed
 END
+    stand_in apt-cache <<'END'
+echo '  Candidate: 1.0'
+END
+}
+
+# A later Debian, whose lists have no DirectFB. What apt gets to see is kept.
+later_debian() {
+    complete_machine
+    missing_package
+    echo 'VERSION_CODENAME=trixie' > "$place/os-release"
+    sed -i "s|/etc/os-release|$place/os-release|" "$tree/scripts/apt.sh"
+    mkdir "$place/sources"
+    printf 'Types: deb\nURIs: http://mirror/debian\nSuites: trixie trixie-updates\n' > "$place/sources/debian.sources"
+    echo 'deb http://mirror/debian-security trixie-security main' > "$place/sources/security.list"
+    echo 'deb http://elsewhere/tools trixie main' > "$place/sources/elsewhere.list"
+    stand_in apt-config <<END
+echo "list='' parts='$place/sources'"
+END
+    stand_in apt-cache <<'END'
+case $2 in libpng-dev) echo '  Candidate: (none)' ;; *) echo '  Candidate: 1.0' ;; esac
+END
+    stand_in apt-get <<'END'
+case "$*" in -c*install*) cp -R "$(dirname "$2")" "$place/private" ;; esac
+END
 }
 
 case $case_name in
@@ -163,6 +187,25 @@ END
         expect_last_error "run: apt-get could not install cmake libpng-dev: check the network and the package sources,\
  or install them by hand as root (whole log: $cache/packages.log)"
         expect_not_called '^cmake'
+        ;;
+    missing_directfb_comes_from_debian_12)
+        later_debian
+        stand_in id <<'END'
+echo 0
+END
+        expect 0 build
+        expect_called "apt-get -c $cache/packages.work/apt.conf install"
+        expect_not_called '^apt-get install'
+        cat "$place"/private/sources/* > "$place/out"
+        for line in 'Suites: trixie trixie-updates' 'Suites: bookworm bookworm-updates' \
+            'deb http://mirror/debian-security bookworm-security main'; do
+            grep -qxF "$line" "$place/out" || wrong "no line: $line"
+        done
+        ! grep -q elsewhere "$place/out" || wrong "another distributor is asked"
+        [ "$(tail -n 2 "$place/private/preferences")" = 'Pin: release n=bookworm
+Pin-Priority: 100' ] || wrong "the older release is not the last choice"
+        grep -q '^Suites: trixie trixie-updates$' "$place/sources/debian.sources" || wrong "the system's sources have changed"
+        [ ! -e "$cache/packages.work" ] || wrong "the work folder was left behind"
         ;;
     cairo_is_built_once)
         machine_without_cairo
