@@ -24,7 +24,10 @@ packages_of() {
         peers) echo qtbase5-dev libagg-dev libimlib2-dev liballegro5-dev libsdl2-gfx-dev libgd-dev ;;
         i386) echo g++-i686-linux-gnu ;;
         armel) echo g++-arm-linux-gnueabi qemu-user-static ;;
+        armhf) echo g++-arm-linux-gnueabihf qemu-user-static ;;
+        arm64) echo g++-aarch64-linux-gnu qemu-user-static ;;
         mipsel) echo g++-mipsel-linux-gnu qemu-user-static ;;
+        trixie) echo mmdebstrap ;;
         fuzz) echo clang libclang-rt-dev llvm ;;
         check) echo clang clang-tidy cppcheck libclang-rt-dev ;;
         coverage) echo gcovr ;;

@@ -17,6 +17,9 @@ foreach(case
     both_builds_are_tested
     sanitizers_alone
     failing_test_is_the_result
+    unknown_target_is_refused
+    cross_compilers_of_another_debian_are_refused
+    target_without_root_is_refused
     install_passes_the_prefix
     demo_passes_options
     demo_opens_a_window

@@ -274,6 +274,28 @@ END
         expect 8 test
         expect_not_called 'ctest --preset asan'
         ;;
+    unknown_target_is_refused)
+        complete_machine
+        expect 1 test --target vax
+        expect_last_error 'run: no target is named "vax": there are i386 armel armhf arm64 mipsel trixie'
+        expect_not_called '^cmake'
+        ;;
+    cross_compilers_of_another_debian_are_refused)
+        later_debian
+        expect 1 test --target arm64
+        expect_last_error 'run: arm64 can only be tested on Debian 12, whose cross compilers fit the libraries that it runs with'
+        expect_not_called '^apt-get'
+        ;;
+    target_without_root_is_refused)
+        complete_machine
+        stand_in unshare <<'END'
+exit 1
+END
+        expect 1 test --target trixie
+        expect_last_error "run: trixie cannot be tested here: it needs root, or user namespaces (package uidmap and a range in\
+ /etc/subuid), and neither is allowed"
+        expect_not_called '^mmdebstrap'
+        ;;
     install_passes_the_prefix)
         complete_machine
         expect 0 install --prefix "$place/there" --strip
