@@ -20,6 +20,8 @@ foreach(case
     unknown_target_is_refused
     cross_compilers_of_another_debian_are_refused
     target_without_root_is_refused
+    every_machine_is_tested
+    failing_machine_holds_up_no_other
     install_passes_the_prefix
     demo_passes_options
     demo_opens_a_window

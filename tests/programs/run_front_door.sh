@@ -120,6 +120,33 @@ case "$*" in -c*install*) cp -R "$(dirname "$2")" "$place/private" ;; esac
 END
 }
 
+# A machine whose tests are over at once, and that has a cairo with its DirectFB back end; those of $bad_target fail.
+quick_targets() {
+    complete_machine
+    stand_in ctest <<'END'
+echo '100% tests passed, 0 tests failed out of 7'
+END
+    # Each look at the clock is a minute after the one before.
+    stand_in date <<'END'
+echo . >> "$place/minutes"
+echo $(($(wc -l < "$place/minutes") * 60))
+END
+    cat > "$tree/scripts/targets.sh" <<'END'
+echo "testing ($1) ..."
+if [ "$1" = "${bad_target-}" ]; then
+    echo '80% tests passed, 1 tests failed out of 5'
+    exit 8
+fi
+echo '100% tests passed, 0 tests failed out of 5'
+END
+    mkdir -p "$cairo/lib/pkgconfig"
+    touch "$cairo/lib/libcairo.so.2" "$cairo/lib/pkgconfig/cairo-directfb.pc"
+}
+
+expect_row() {
+    grep -q "^$1 * $2 of $3 * 1\.0\$" "$place/out" || wrong "no row for $1"
+}
+
 case $case_name in
     words_are_listed)
         expect 0
@@ -295,6 +322,23 @@ END
         expect_last_error "run: trixie cannot be tested here: it needs root, or user namespaces (package uidmap and a range in\
  /etc/subuid), and neither is allowed"
         expect_not_called '^mmdebstrap'
+        ;;
+    every_machine_is_tested)
+        quick_targets
+        expect 0 test --all -R pen
+        expect_row default 7 7
+        expect_row asan 7 7
+        expect_row "default, with cairo's DirectFB back end" 7 7
+        for target in i386 armel armhf arm64 mipsel trixie; do expect_row "$target" 5 5; done
+        ;;
+    failing_machine_holds_up_no_other)
+        quick_targets
+        bad_target=armel
+        export bad_target
+        expect 1 test --all
+        expect_row armel 4 5
+        expect_row trixie 5 5
+        expect_last_error 'run: not all is well: armel'
         ;;
     install_passes_the_prefix)
         complete_machine
