@@ -1,38 +1,17 @@
 #!/bin/sh
-# cairo.sh: builds cairo with its DirectFB back end into the cache, from the source package of this machine's own Debian
+# cairo.sh: builds cairo with its DirectFB back end into the cache, from Debian 12's source package on this machine's own
 # mirrors: no build needs it, but the tests run once more with it where it is. Nothing is done where it is there already.
 set -eu
 . "$(dirname "$0")/common.sh"
+. "$root/scripts/apt.sh"
 
 log=$cache/cairo.log
 work=$cache/cairo.work
 
-# The system's package sources as deb-src, with lists of their own, so that the system's lists stay as they are.
-private_apt() {
-    mkdir -p "$work/sources" "$work/lists/partial" "$work/archives/partial"
-    list='' parts=''
-    eval "$(apt-config shell list Dir::Etc::sourcelist/f parts Dir::Etc::sourceparts/d)"
-    for file in "$list" "$parts"/*.list; do
-        [ ! -f "$file" ] || sed -n 's/^[[:blank:]]*deb[[:blank:]]/deb-src /p' "$file" > "$work/sources/$(basename "$file")"
-    done
-    for file in "$parts"/*.sources; do
-        [ ! -f "$file" ] || sed 's/^Types:.*/Types: deb-src/' "$file" > "$work/sources/$(basename "$file")"
-    done
-    cat > "$work/apt.conf" <<END
-Dir::Etc::sourcelist "/dev/null";
-Dir::Etc::sourceparts "$work/sources";
-Dir::State::lists "$work/lists";
-Dir::Cache "$work";
-APT::Sandbox::User "root";
-#clear APT::Update::Post-Invoke;
-#clear APT::Update::Post-Invoke-Success;
-END
-}
-
 fetch() {
     # A mirror without sources is no matter as long as one has cairo's.
-    apt-get -c "$work/apt.conf" -q update || :
-    (cd "$work" && apt-get -c "$work/apt.conf" -q source cairo)
+    private_apt update || :
+    (cd "$work" && private_apt source cairo)
 }
 
 flags() {
@@ -74,11 +53,12 @@ trap 'rm -rf "$work"' EXIT
 trap 'exit 1' HUP INT TERM
 rm -rf "$work"
 : > "$log"
-private_apt
+private_sources "$work" deb-src "$directfb_release"
+use_private_apt "$work"
 say "cairo: fetching Debian's source package ..."
 logged "$log" "cairo's source package could not be fetched: check the network and the package sources" fetch
 [ -d "$work/cairo-$cairo_version" ] ||
-    fail "the package sources have no cairo $cairo_version, the last release with the DirectFB back end: use Debian 12, or install such a cairo"
+    fail "the mirrors of this machine have no cairo $cairo_version, the last release with the DirectFB back end"
 say "cairo: configuring $cairo_version with its DirectFB back end ..."
 logged "$log" "cairo could not be configured: see the message above, then run again" configure
 say "cairo: building (about half a minute) ..."

@@ -2,6 +2,7 @@
 # packages.sh LIST...: installs what is missing of the lists named below; calls no apt when nothing is.
 set -eu
 . "$(dirname "$0")/common.sh"
+. "$root/scripts/apt.sh"
 
 # libdirectfb-extra holds DirectFB's x11 system, dpkg-dev tells what a package depends on.
 packages_of() {
@@ -23,15 +24,20 @@ packages_of() {
         peers) echo qtbase5-dev libagg-dev libimlib2-dev liballegro5-dev libsdl2-gfx-dev libgd-dev ;;
         i386) echo g++-i686-linux-gnu ;;
         armel) echo g++-arm-linux-gnueabi qemu-user-static ;;
+        armhf) echo g++-arm-linux-gnueabihf qemu-user-static ;;
+        arm64) echo g++-aarch64-linux-gnu qemu-user-static ;;
         mipsel) echo g++-mipsel-linux-gnu qemu-user-static ;;
-        fuzz) echo clang libclang-rt-14-dev llvm-14 ;;
-        check) echo clang clang-tidy cppcheck libclang-rt-14-dev ;;
+        trixie) echo mmdebstrap ;;
+        fuzz) echo clang libclang-rt-dev llvm ;;
+        check) echo clang clang-tidy cppcheck libclang-rt-dev ;;
         coverage) echo gcovr ;;
         *) fail "packages.sh: no list is named $1" ;;
     esac
 }
 
 log=$cache/packages.log
+work=$cache/packages.work
+private=''
 
 missing() {
     for package; do
@@ -39,9 +45,25 @@ missing() {
     done
 }
 
+without_candidate() {
+    for package; do
+        apt-cache policy "$package" | grep -q '^  Candidate: [^(]' || printf ' %s' "$package"
+    done
+}
+
+# The lists of both releases, in a folder of their own. What this system has itself is never taken from the older one.
+add_directfb_release() {
+    say "packages: this system's lists have no$*, taking those of Debian 12 ..."
+    private_sources "$work" deb
+    private_sources "$work" deb "$directfb_release"
+    printf 'Package: *\nPin: release n=%s\nPin-Priority: 100\n' "$directfb_release" > "$work/preferences"
+    use_private_apt "$work" "Dir::Etc::preferences \"$work/preferences\";"
+    private_apt update >> "$log" 2>&1 || :
+}
+
 install_packages() {
-    as_root env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -y -q --no-install-recommends -o DPkg::Lock::Timeout=300 "$@"
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get ${private:+-c "$private/apt.conf"} \
+        install -y -q --no-install-recommends -o DPkg::Lock::Timeout=300 "$@"
 }
 
 install_required() {
@@ -76,6 +98,14 @@ required=$(missing $required) optional=$(missing $optional)
 say "packages: updating the package lists ..."
 # Lists that cannot be fetched matter only when a package is then not found.
 as_root apt-get update -q >> "$log" 2>&1 || :
+# shellcheck disable=SC2086
+gone=$(without_candidate $required)
+if [ -n "$gone" ] && [ "$(release_here)" != "$directfb_release" ]; then
+    trap 'rm -rf "$work"' EXIT
+    trap 'exit 1' HUP INT TERM
+    rm -rf "$work"
+    add_directfb_release "$gone"
+fi
 # shellcheck disable=SC2086
 [ -z "$required" ] || install_required $required
 # shellcheck disable=SC2086

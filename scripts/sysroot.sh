@@ -1,26 +1,29 @@
 #!/bin/sh
-# sysroot.sh NAME: makes a target's sysroot in the cache: C library, DirectFB with its dummy system, cairo with its DirectFB
-# back end, libpng and GoogleTest; NAME/run, which runs a program built for it; NAME/toolchain.cmake. Nothing is done where
-# it is there already. The caller holds the cache's lock.
+# sysroot.sh NAME: makes a target's sysroot in the cache: C library, DirectFB with its dummy system, cairo, libpng and
+# GoogleTest; NAME/directfb-cairo, a cairo with its DirectFB back end; NAME/run, which runs a program built for it;
+# NAME/toolchain.cmake. Nothing is done where it is there already. The caller holds the cache's lock.
 set -eu
 . "$(dirname "$0")/common.sh"
+. "$root/scripts/apt.sh"
 . "$root/scripts/targets/target.sh"
-. "$root/scripts/targets/apt.sh"
 describe_target "$1"
 
 log=$cache/$target.log
 work=$cache/$target.work
 stage=$work/sysroot
 
+# The last two lines are what Debian's libcairo2 is linked with.
 packages="libc6 libc6-dev linux-libc-dev libgcc-s1 libstdc++6 zlib1g zlib1g-dev libpng16-16 libpng-dev libpixman-1-0
-    libpixman-1-dev libdirectfb-1.7-7 libdirectfb-dev libgtest-dev libgmock-dev"
+    libpixman-1-dev libdirectfb-1.7-7 libdirectfb-dev libcairo2 libcairo2-dev libgtest-dev libgmock-dev
+    libfontconfig1 libfreetype6 libexpat1 libbrotli1 libx11-6 libxcb1 libxcb-render0 libxcb-shm0 libxext6 libxrender1
+    libxau6 libxdmcp6 libbsd0 libmd0"
 
 fetch() (
     # A mirror that lacks the architecture is no matter as long as one has the packages.
-    apt-get -q update || :
+    private_apt update || :
     cd "$work"
     # shellcheck disable=SC2086 # The list is split into its names.
-    apt-get -q download $packages && apt-get -q source cairo
+    private_apt download $packages && private_apt source cairo
 )
 
 # Debian's merged /usr, which the packages expect, and links that stay inside the sysroot.
@@ -35,6 +38,11 @@ unpack() {
     find "$stage" -type l -lname '/*' | while read -r link; do
         ln -snfr "$stage$(readlink "$link")" "$link"
     done
+}
+
+# The headers of the libraries that cairo itself uses are not there, and nobody asks for them.
+forget_private_requirements() {
+    sed -i '/^Requires.private:/d' "$stage/usr/lib/$triplet/pkgconfig/cairo.pc"
 }
 
 # Drivers for real hardware: armel's omap driver crashes without it, others would want all of Mesa.
@@ -61,7 +69,7 @@ native_run() {
     cat <<RUN
 #!/bin/sh
 libraries=\$(dirname "\$(readlink -f "\$0")")/usr/lib/$triplet
-export LD_LIBRARY_PATH="\$libraries\${LD_LIBRARY_PATH:+:\$LD_LIBRARY_PATH}"
+export LD_LIBRARY_PATH="\${LD_LIBRARY_PATH:+\$LD_LIBRARY_PATH:}\$libraries"
 export LD_PRELOAD="\$libraries/libmodules.so\${LD_PRELOAD:+:\$LD_PRELOAD}"
 exec "\$@"
 RUN
@@ -108,11 +116,15 @@ trap 'rm -rf "$work"' EXIT
 trap 'exit 1' HUP INT TERM
 rm -rf "$work" "$cache/$target"-*
 : > "$log"
-use_private_apt "$work" "$target"
+private_sources "$work" "deb deb-src"
+: > "$work/status"
+use_private_apt "$work" "Dir::State::status \"$work/status\";" \
+    "#clear APT::Architectures;" "APT::Architecture \"$target\";" "APT::Architectures { \"$target\"; };"
 say "$target: fetching Debian's packages ..."
 logged "$log" "the packages for $target could not be fetched: check the network and the package sources" fetch
 say "$target: unpacking ..."
 logged "$log" "the packages for $target could not be unpacked: check the free space in $cache" unpack
+forget_private_requirements
 remove_drivers
 logged "$log" "the tools for $target could not be made: see the message above" add_tools
 say "$target: building cairo (about a minute) ..."

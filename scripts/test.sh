@@ -1,7 +1,7 @@
 #!/bin/sh
-# test.sh [--asan | --directfb-cairo | --target NAME] [CTEST-OPTION...]: the tests as users build the library, then under the
-# address and undefined behaviour sanitizers; or those that draw, with a cairo that has its DirectFB back end; or on another
-# machine.
+# test.sh [--asan | --directfb-cairo | --target NAME | --all] [CTEST-OPTION...]: the tests as users build the library, then
+# under the address and undefined behaviour sanitizers; or those that draw, with a cairo that has its DirectFB back end; or
+# on another machine; or all of it.
 set -eu
 . "$(dirname "$0")/common.sh"
 
@@ -27,10 +27,11 @@ test_with_directfb_cairo() {
 
 mode=${1-}
 case $mode in
-    --target | --asan | --directfb-cairo) shift ;;
+    --target | --asan | --directfb-cairo | --all) shift ;;
 esac
 case $mode in
     --target) exec "$root/scripts/targets.sh" "$@" ;;
+    --all) exec "$root/scripts/all.sh" "$@" ;;
     --asan) test_preset asan "$@" ;;
     --directfb-cairo) test_with_directfb_cairo "$@" ;;
     *)

@@ -8,6 +8,7 @@ foreach(case
     missing_packages_are_installed
     user_installs_through_sudo
     failing_apt_is_explained
+    missing_directfb_comes_from_debian_12
     cairo_is_built_once
     unfetchable_cairo_is_explained
     broken_try_is_replaced
@@ -16,6 +17,11 @@ foreach(case
     both_builds_are_tested
     sanitizers_alone
     failing_test_is_the_result
+    unknown_target_is_refused
+    cross_compilers_of_another_debian_are_refused
+    target_without_root_is_refused
+    every_machine_is_tested
+    failing_machine_holds_up_no_other
     install_passes_the_prefix
     demo_passes_options
     demo_opens_a_window

@@ -94,6 +94,57 @@ missing_package() {
 case "$*" in *libpng-dev | *cmake) exit 1 ;; esac
 echo installed
 END
+    stand_in apt-cache <<'END'
+echo '  Candidate: 1.0'
+END
+}
+
+# A later Debian, whose lists have no DirectFB. What apt gets to see is kept.
+later_debian() {
+    complete_machine
+    missing_package
+    echo 'VERSION_CODENAME=trixie' > "$place/os-release"
+    sed -i "s|/etc/os-release|$place/os-release|" "$tree/scripts/apt.sh"
+    mkdir "$place/sources"
+    printf 'Types: deb\nURIs: http://mirror/debian\nSuites: trixie trixie-updates\n' > "$place/sources/debian.sources"
+    echo 'deb http://mirror/debian-security trixie-security main' > "$place/sources/security.list"
+    echo 'deb http://elsewhere/tools trixie main' > "$place/sources/elsewhere.list"
+    stand_in apt-config <<END
+echo "list='' parts='$place/sources'"
+END
+    stand_in apt-cache <<'END'
+case $2 in libpng-dev) echo '  Candidate: (none)' ;; *) echo '  Candidate: 1.0' ;; esac
+END
+    stand_in apt-get <<'END'
+case "$*" in -c*install*) cp -R "$(dirname "$2")" "$place/private" ;; esac
+END
+}
+
+# A machine whose tests are over at once, and that has a cairo with its DirectFB back end; those of $bad_target fail.
+quick_targets() {
+    complete_machine
+    stand_in ctest <<'END'
+echo '100% tests passed, 0 tests failed out of 7'
+END
+    # Each look at the clock is a minute after the one before.
+    stand_in date <<'END'
+echo . >> "$place/minutes"
+echo $(($(wc -l < "$place/minutes") * 60))
+END
+    cat > "$tree/scripts/targets.sh" <<'END'
+echo "testing ($1) ..."
+if [ "$1" = "${bad_target-}" ]; then
+    echo '80% tests passed, 1 tests failed out of 5'
+    exit 8
+fi
+echo '100% tests passed, 0 tests failed out of 5'
+END
+    mkdir -p "$cairo/lib/pkgconfig"
+    touch "$cairo/lib/libcairo.so.2" "$cairo/lib/pkgconfig/cairo-directfb.pc"
+}
+
+expect_row() {
+    grep -q "^$1 * $2 of $3 * 1\.0\$" "$place/out" || wrong "no row for $1"
 }
 
 case $case_name in
@@ -164,6 +215,25 @@ END
  or install them by hand as root (whole log: $cache/packages.log)"
         expect_not_called '^cmake'
         ;;
+    missing_directfb_comes_from_debian_12)
+        later_debian
+        stand_in id <<'END'
+echo 0
+END
+        expect 0 build
+        expect_called "apt-get -c $cache/packages.work/apt.conf install"
+        expect_not_called '^apt-get install'
+        cat "$place"/private/sources/* > "$place/out"
+        for line in 'Suites: trixie trixie-updates' 'Suites: bookworm bookworm-updates' \
+            'deb http://mirror/debian-security bookworm-security main'; do
+            grep -qxF "$line" "$place/out" || wrong "no line: $line"
+        done
+        ! grep -q elsewhere "$place/out" || wrong "another distributor is asked"
+        [ "$(tail -n 2 "$place/private/preferences")" = 'Pin: release n=bookworm
+Pin-Priority: 100' ] || wrong "the older release is not the last choice"
+        grep -q '^Suites: trixie trixie-updates$' "$place/sources/debian.sources" || wrong "the system's sources have changed"
+        [ ! -e "$cache/packages.work" ] || wrong "the work folder was left behind"
+        ;;
     cairo_is_built_once)
         machine_without_cairo
         expect 0
@@ -230,6 +300,45 @@ exit 8
 END
         expect 8 test
         expect_not_called 'ctest --preset asan'
+        ;;
+    unknown_target_is_refused)
+        complete_machine
+        expect 1 test --target vax
+        expect_last_error 'run: no target is named "vax": there are i386 armel armhf arm64 mipsel trixie'
+        expect_not_called '^cmake'
+        ;;
+    cross_compilers_of_another_debian_are_refused)
+        later_debian
+        expect 1 test --target arm64
+        expect_last_error 'run: arm64 can only be tested on Debian 12, whose cross compilers fit the libraries that it runs with'
+        expect_not_called '^apt-get'
+        ;;
+    target_without_root_is_refused)
+        complete_machine
+        stand_in unshare <<'END'
+exit 1
+END
+        expect 1 test --target trixie
+        expect_last_error "run: trixie cannot be tested here: it needs root, or user namespaces (package uidmap and a range in\
+ /etc/subuid), and neither is allowed"
+        expect_not_called '^mmdebstrap'
+        ;;
+    every_machine_is_tested)
+        quick_targets
+        expect 0 test --all -R pen
+        expect_row default 7 7
+        expect_row asan 7 7
+        expect_row "default, with cairo's DirectFB back end" 7 7
+        for target in i386 armel armhf arm64 mipsel trixie; do expect_row "$target" 5 5; done
+        ;;
+    failing_machine_holds_up_no_other)
+        quick_targets
+        bad_target=armel
+        export bad_target
+        expect 1 test --all
+        expect_row armel 4 5
+        expect_row trixie 5 5
+        expect_last_error 'run: not all is well: armel'
         ;;
     install_passes_the_prefix)
         complete_machine
