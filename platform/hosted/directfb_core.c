@@ -11,24 +11,26 @@
 #include <gfx/clip.h>
 #include <misc/conf.h>
 
-/** DirectFB itself chooses a window as soon as DISPLAY is set, even to nothing. */
-static bool has_usable_system(void)
+static bool is_system(const char *name)
 {
-    const char *display = getenv("DISPLAY");
-    const char *system = dfb_config->system;
-
-    if (!system)
-        return false;
-    return strcmp(system, "x11") != 0 || (display && *display);
+    return dfb_config->system && !strcmp(dfb_config->system, name);
 }
 
-void directfb_core_complete_options(int width, int height)
+/** The window goes by the name of DirectFB's x11 system, which DirectFB chooses wherever DISPLAY is set, even to nothing. */
+static void complete_system(bool has_window)
 {
-    if (!has_usable_system()) {
+    if (!dfb_config->system && has_window)
+        DirectFBSetOption("system", "x11");
+    if (!dfb_config->system || (is_system("x11") && !has_window)) {
         DirectFBSetOption("system", "dummy");
         DirectFBSetOption("quiet", NULL);
         DirectFBSetOption("no-cursor", NULL);
     }
+}
+
+void directfb_core_complete_options(int width, int height, bool has_window)
+{
+    complete_system(has_window);
 
     if (!dfb_config->mode.width) {
         char mode[32];
