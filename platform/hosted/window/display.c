@@ -7,6 +7,8 @@
 
 #include <X11/Xlib.h>
 
+#include "seat.h"
+
 enum { usual_frame_rate = 60 };
 
 static void (*lost)(void);
@@ -36,7 +38,7 @@ static const char *variable(const char *name)
 /* None of those that take over a console or show nothing. SDL_VIDEODRIVER in the environment outweighs this. */
 static const char *usual_drivers(void)
 {
-    if (!*variable("WAYLAND_DISPLAY"))
+    if (!*variable("WAYLAND_DISPLAY") || !seat_is_there())
         return "x11";
     return *variable("DISPLAY") ? "x11,wayland" : "wayland";
 }

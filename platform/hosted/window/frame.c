@@ -111,6 +111,7 @@ static bool fit(Picture *picture)
     if (has_new_size && !frame.options.width) {
         const SDL_Point size = window_size();
         SDL_SetWindowSize(frame.place.window, size.x, size.y);
+        SDL_SetWindowPosition(frame.place.window, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED);
     }
     place_picture();
     picture->is_new = false;

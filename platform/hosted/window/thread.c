@@ -10,7 +10,10 @@
 #include "frame.h"
 #include "input.h"
 
-enum { longest_nap = 10 };      /* Milliseconds from one look for events to the next. */
+enum {
+    longest_nap = 10,           /* Milliseconds from one look for events to the next. */
+    time_to_settle = 30000      /* Microseconds from the first picture, which may be DirectFB's own, to the window. */
+};
 
 static struct {
     pthread_t id;
@@ -79,10 +82,18 @@ static void take_events(void)
         take_event(&event);
 }
 
+static void await_first_picture(void)
+{
+    while (!picture_has_ended() && !picture_await(0, longest_nap))
+        take_events();
+}
+
 static void live(void)
 {
-    long long due = 0;
+    long long due;
 
+    await_first_picture();
+    due = picture_clock() + time_to_settle;
     while (!picture_has_ended()) {
         if (picture_await(due, longest_nap)) {
             due = picture_clock() + thread.frame_time;
