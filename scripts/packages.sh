@@ -3,13 +3,16 @@
 set -eu
 . "$(dirname "$0")/common.sh"
 
-# libdirectfb-extra holds DirectFB's x11 system, dpkg-dev unpacks cairo's source, pixman is what cairo draws with.
+# SDL 2 shows windows, dpkg-dev unpacks cairo's source, pixman is what cairo draws with.
 packages_of() {
     case $1 in
         build)
-            echo cmake make g++ pkg-config libdirectfb-dev libdirectfb-extra libpng-dev libpixman-1-dev zlib1g-dev dpkg-dev
+            echo cmake make g++ pkg-config libdirectfb-dev libsdl2-dev libpng-dev libpixman-1-dev zlib1g-dev dpkg-dev
             ;;
-        test) echo libgtest-dev libgmock-dev valgrind xvfb x11-utils python3-cffi mandoc doxygen file abigail-tools ;;
+        test)
+            echo libgtest-dev libgmock-dev valgrind python3-cffi mandoc doxygen file abigail-tools \
+                xvfb x11-utils xdotool openbox wmctrl weston libgl1-mesa-dri
+            ;;
         docs) echo doxygen mandoc ;;
         deb) echo lintian file ;;
         bench) echo libbenchmark-dev gnuplot-nox ;;

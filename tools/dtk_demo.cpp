@@ -98,7 +98,7 @@ double draw_frames(IDirectFB* dfb, IDirectFBSurface* surface)
     run.flip = surface->Flip;
     surface->Flip = flip_and_count;
     run.frames = 0;
-    tools::check(dfb->CreateInputEventBuffer(dfb, DICAPS_KEYS, DFB_FALSE, &run.events), "cannot listen to the keyboard");
+    tools::check(dfb->CreateInputEventBuffer(dfb, DICAPS_KEYS, DFB_TRUE, &run.events), "cannot listen to the keyboard");
     const tools::Owned<IDirectFBEventBuffer> events(run.events);
     run.start = Clock::now();
 

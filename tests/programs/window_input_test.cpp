@@ -1,6 +1,3 @@
-#include <csignal>
-#include <cstdlib>
-
 #include <gmock/gmock.h>
 
 #include "command.h"
@@ -17,11 +14,11 @@ public:
         : process_("exec env " + server_.environment() + " '" PROGRAMS "'/window_events --dfb:quiet " + options)
     {
         EXPECT_TRUE(hears("listening\n"));
-        EXPECT_TRUE(await([&] { return std::system((server_.environment() + " xwininfo -root -tree | grep -q F11").c_str()) == 0; }));
+        EXPECT_TRUE(await([&] { return server_.run("xwininfo -root -tree | grep F11"); }));
     }
 
     /// Sends events by xdotool.
-    void send(const std::string& events) const { server_.run("xdotool " + events); }
+    void send(const std::string& events) const { EXPECT_TRUE(server_.run("xdotool " + events)) << events; }
 
     bool hears(const std::string& text) const
     {
@@ -82,11 +79,11 @@ TEST(WindowInput, KeysArriveWithTheirCharacters)
 TEST(WindowInput, AKeyMakesTheWindowFullScreenAndIsNotHandedOn)
 {
     Listener listener;
-    const Process manager("exec env " + listener.server().environment() + " openbox --sm-disable");
+    const WindowManager manager(listener.server());
     const auto is_blue = [&](std::size_t x, std::size_t y) {
         return await([&] { return listener.server().screen(x, y, 1, 1).pixels.at(0) == 0x0080FF; });
     };
-    EXPECT_TRUE(await([&] { return std::system((listener.server().environment() + " wmctrl -a F11").c_str()) == 0; }));
+    EXPECT_TRUE(await([&] { return listener.server().run("wmctrl -a F11"); }));
     listener.send("key F11");
     EXPECT_TRUE(is_blue(0, 0)) << "4:3 fills the screen";
     EXPECT_TRUE(is_blue(799, 599));

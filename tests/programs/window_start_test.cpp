@@ -96,8 +96,7 @@ TEST(Options, SayWhatTheWindowMayBe)
 TEST(Options, FillTheScreen)
 {
     const XServer server;
-    const Process manager("exec env " + server.environment() + " openbox --sm-disable");
-    EXPECT_TRUE(await([&] { return std::system((server.environment() + " wmctrl -m > /dev/null 2>&1").c_str()) == 0; }));
+    const WindowManager manager(server);
     Process program("exec env " + server.environment() + " '" PROGRAMS "'/window_events --zuvo:window=fullscreen");
     EXPECT_TRUE(await([&] { return server.screen(0, 0, 1, 1).pixels.at(0) == 0x0080FF; }));
     program.signal(SIGTERM);

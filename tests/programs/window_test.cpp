@@ -1,6 +1,5 @@
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 
 #include <gmock/gmock.h>
 
@@ -54,9 +53,7 @@ bool appears(const XServer& server, const Picture& picture)
 
 bool has_window(const XServer& server, const std::string& program)
 {
-    return await([&] {
-        return std::system((server.environment() + " xwininfo -root -tree | grep -q '\"" + program + " (F11'").c_str()) == 0;
-    });
+    return await([&] { return server.run("xwininfo -root -tree | grep '\"" + program + " (F11'"); });
 }
 
 class Window : public testing::TestWithParam<const char*> {};
@@ -125,10 +122,9 @@ TEST_P(Example, EndsWhenItsServerIsKilled)
 TEST_P(Example, EndsWhenItsWindowIsClosed)
 {
     const XServer server;
-    const Process manager("exec env " + server.environment() + " openbox --sm-disable");
+    const WindowManager manager(server);
     Program program(server.environment(), GetParam());
-    const std::string close = server.environment() + " wmctrl -c '" + GetParam() + " (F11' 2> /dev/null";
-    EXPECT_TRUE(await([&] { return std::system(close.c_str()) == 0; }));
+    EXPECT_TRUE(manager.close(std::string(GetParam()) + " (F11"));
     EXPECT_EQ(program.wait().status, 0);
 }
 
@@ -137,7 +133,7 @@ TEST_P(Example, EndsWhenItsWindowIsKilled)
     const XServer server;
     Program program(server.environment(), GetParam());
     EXPECT_TRUE(has_window(server, GetParam()));
-    server.run("xkill -id $(xwininfo -root -children | awk '/F11/ { print $1 }') > /dev/null");
+    EXPECT_TRUE(server.run("xkill -id $(xwininfo -root -children | awk '/F11/ { print $1 }')"));
     EXPECT_GE(program.wait().status, 0);
 }
 
@@ -157,10 +153,9 @@ TEST_P(Example, EndsBySignalsAsAnyProgramDoes)
 TEST(AProgramThatIgnoresEscape, EndsSoonAfterItsWindow)
 {
     const XServer server;
-    const Process manager("exec env " + server.environment() + " openbox --sm-disable");
+    const WindowManager manager(server);
     Program program(server.environment(), "test_dtkhd --zuvo:format=480");
-    const std::string close = server.environment() + " wmctrl -c 'test_dtkhd (F11' 2> /dev/null";
-    EXPECT_TRUE(await([&] { return std::system(close.c_str()) == 0; }));
+    EXPECT_TRUE(manager.close("test_dtkhd (F11"));
     const Outcome outcome = program.wait();
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, HasSubstr("zuvo: the window was closed\n"));
@@ -169,12 +164,10 @@ TEST(AProgramThatIgnoresEscape, EndsSoonAfterItsWindow)
 TEST(ClosingTheWindow, EndsTheDemoWithItsReport)
 {
     const XServer server;
-    const Process manager("exec env " + server.environment() + " openbox --sm-disable");
+    const WindowManager manager(server);
     const std::string file = temporary_file("closed.png");
     Program demo(server.environment(), slow_demo("--png " + file));
-    EXPECT_TRUE(await([&] {
-        return std::system((server.environment() + " wmctrl -c 'dtk_demo (F11' 2> /dev/null").c_str()) == 0;
-    }));
+    EXPECT_TRUE(manager.close("dtk_demo (F11"));
     const Outcome outcome = demo.wait();
     EXPECT_EQ(outcome.status, 0) << outcome.output;
     EXPECT_THAT(outcome.output, EndsWith(" back end, DirectFB accelerated\n"));

@@ -9,8 +9,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 std::string contents(const std::string& file)
@@ -110,9 +108,9 @@ XServer::~XServer()
     std::filesystem::remove_all(directory_);
 }
 
-void XServer::run(const std::string& line) const
+bool XServer::run(const std::string& line) const
 {
-    EXPECT_EQ(std::system(("export " + environment_ + "; " + line).c_str()), 0) << line;
+    return std::system(("export " + environment_ + "; { " + line + "; } > /dev/null 2>&1").c_str()) == 0;
 }
 
 void XServer::kill()
@@ -134,6 +132,17 @@ Picture XServer::screen(std::size_t left, std::size_t top, unsigned int width, u
         }
     }
     return picture;
+}
+
+WindowManager::WindowManager(const XServer& server)
+    : server_(server), process_("exec env " + server.environment() + " openbox --sm-disable")
+{
+    await([&] { return server_.run("wmctrl -m"); });
+}
+
+bool WindowManager::close(const std::string& title) const
+{
+    return await([&] { return server_.run("wmctrl -c '" + title + "'"); });
 }
 
 Compositor::Compositor()

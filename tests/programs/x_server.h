@@ -42,8 +42,8 @@ public:
     /// A part of what it shows.
     Picture screen(std::size_t left, std::size_t top, unsigned int width, unsigned int height) const;
 
-    /// Runs a shell command that is to succeed.
-    void run(const std::string& line) const;
+    /// Runs a shell command there. Returns whether it succeeded.
+    bool run(const std::string& line) const;
 
     /// The server ends without a word to anybody.
     void kill();
@@ -51,6 +51,19 @@ public:
 private:
     std::string directory_;
     std::string environment_;
+    Process process_;
+};
+
+/// A window manager on an X server; it is ready when this has been made.
+class WindowManager {
+public:
+    explicit WindowManager(const XServer& server);
+
+    /// Closes a window as its button does. The window may be about to appear.
+    bool close(const std::string& title) const;
+
+private:
+    const XServer& server_;
     Process process_;
 };
 

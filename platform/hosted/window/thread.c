@@ -11,7 +11,7 @@
 #include "input.h"
 
 enum {
-    longest_nap = 10,           /* Milliseconds from one look for events to the next. */
+    longest_nap = 15,           /* Milliseconds from one look for events to the next. */
     time_to_settle = 30000      /* Microseconds from the first picture, which may be DirectFB's own, to the window. */
 };
 
