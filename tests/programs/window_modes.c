@@ -80,5 +80,7 @@ int main(int argc, char **argv)
     printf("%s\n", DirectFBErrorString(result));
     if (!result && !layer->GetSurface(layer, &surface))
         show(surface);
+    layer->Release(layer);
+    dfb->Release(dfb);
     return result ? 1 : 0;
 }

@@ -89,6 +89,8 @@ static VideoMode *system_get_modes(void)
 
 /* ---- what a window has no use for ---- */
 
+typedef __typeof__(((CoreSystemFuncs *)0)->GetAccelerator()) Accelerator;
+
 static DFBResult system_join(CoreDFB *core, void **ret_data) { return DFB_UNSUPPORTED; }
 static DFBResult system_leave(bool emergency) { return DFB_UNSUPPORTED; }
 static DFBResult system_suspend(void) { return DFB_OK; }
@@ -98,7 +100,7 @@ static DFBResult system_thread_init(void) { return DFB_OK; }
 static bool system_input_filter(CoreInputDevice *device, DFBInputEvent *event) { return false; }
 static volatile void *system_map_mmio(unsigned int offset, int length) { return NULL; }
 static void system_unmap_mmio(volatile void *address, int length) { }
-static __typeof__(((CoreSystemFuncs *)0)->GetAccelerator()) system_get_accelerator(void) { return -1; }
+static Accelerator system_get_accelerator(void) { return (Accelerator)-1; }
 static unsigned long system_video_memory_physical(unsigned int offset) { return 0; }
 static void *system_video_memory_virtual(unsigned int offset) { return NULL; }
 static unsigned int system_videoram_length(void) { return 0; }
