@@ -64,6 +64,8 @@ describe_package(documentation dtkhddvd-doc doc "2-D drawing toolkit for DirectF
 These are its guide and examples in C and Python." "")
 
 set(CPACK_DEBIAN_PLATFORM_PACKAGE_RECOMMENDS libzuvo-hosted1-window)
+# On Wayland SDL draws by OpenGL, and libdecor draws the window's frame.
+set(CPACK_DEBIAN_WINDOW_PACKAGE_RECOMMENDS "libgl1-mesa-dri, libdecor-0-plugin-1-cairo")
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)

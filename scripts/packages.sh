@@ -3,11 +3,12 @@
 set -eu
 . "$(dirname "$0")/common.sh"
 
-# SDL 2 shows windows, dpkg-dev unpacks cairo's source, pixman is what cairo draws with.
+# SDL 2 shows windows, whose frames on Wayland libdecor draws, dpkg-dev unpacks cairo's source, pixman is what cairo draws with.
 packages_of() {
     case $1 in
         build)
-            echo cmake make g++ pkg-config libdirectfb-dev libsdl2-dev libpng-dev libpixman-1-dev zlib1g-dev dpkg-dev
+            echo cmake make g++ pkg-config libdirectfb-dev libpng-dev libpixman-1-dev zlib1g-dev dpkg-dev \
+                libsdl2-dev libdecor-0-plugin-1-cairo
             ;;
         test)
             echo libgtest-dev libgmock-dev valgrind python3-cffi mandoc doxygen file abigail-tools \
