@@ -61,15 +61,16 @@ static void place_picture(void)
     frame.place.is_whole_multiple = frame.place.box.w % frame.picture.x == 0 && frame.place.box.h % frame.picture.y == 0;
 }
 
+/* A window that could not be opened has no size. */
 SDL_Point frame_to_picture(int x, int y)
 {
     const SDL_Rect *box = &frame.place.box;
-    int width, height, pixel_width, pixel_height;
+    int width = 0, height = 0, pixel_width = 0, pixel_height = 0;
 
     SDL_GetWindowSize(frame.place.window, &width, &height);
     SDL_GetWindowSizeInPixels(frame.place.window, &pixel_width, &pixel_height);
-    x = (int)((long long)(x * pixel_width / width - box->x) * frame.picture.x / box->w);
-    y = (int)((long long)(y * pixel_height / height - box->y) * frame.picture.y / box->h);
+    x = (int)((long long)(x * pixel_width / SDL_max(width, 1) - box->x) * frame.picture.x / SDL_max(box->w, 1));
+    y = (int)((long long)(y * pixel_height / SDL_max(height, 1) - box->y) * frame.picture.y / SDL_max(box->h, 1));
     return (SDL_Point){SDL_clamp(x, 0, frame.picture.x - 1), SDL_clamp(y, 0, frame.picture.y - 1)};
 }
 

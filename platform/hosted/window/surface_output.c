@@ -2,6 +2,7 @@
 
 static SDL_Surface *surface;        /* The window's. */
 static bool is_direct;              /* Whether the picture is kept in it. */
+static bool is_new;                 /* Whether nothing of it has been shown. */
 
 static bool open_surface(SDL_Window *window)
 {
@@ -21,7 +22,8 @@ static bool fit_surface(const OutputFrame *frame, Picture *picture)
     is_direct = surface->format->format == SDL_PIXELFORMAT_RGB888 && box->w == picture->width && box->h == picture->height;
     if (is_direct)
         picture_move((unsigned char *)surface->pixels + box->y * surface->pitch + box->x * 4, surface->pitch);
-    return !SDL_UpdateWindowSurface(frame->window);
+    is_new = true;
+    return true;
 }
 
 static bool scale(const OutputFrame *frame, const Picture *picture)
@@ -53,6 +55,9 @@ static bool take_into_surface(const OutputFrame *frame, const Picture *picture)
     } else if (!scale(frame, picture)) {
         return false;
     }
+    if (is_new)
+        changed = (SDL_Rect){0, 0, surface->w, surface->h};
+    is_new = false;
     return !SDL_UpdateWindowSurfaceRects(frame->window, &changed, 1);
 }
 

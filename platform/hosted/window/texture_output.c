@@ -6,7 +6,7 @@ static SDL_Texture *texture;
 static bool open_renderer(SDL_Window *window)
 {
     renderer = SDL_CreateRenderer(window, -1, 0);
-    return renderer != NULL;
+    return renderer && !SDL_SetRenderDrawColor(renderer, 0, 0, 0, SDL_ALPHA_OPAQUE);
 }
 
 static bool fit_texture(const OutputFrame *frame, Picture *picture)

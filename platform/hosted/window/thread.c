@@ -2,6 +2,7 @@
  * The window's thread. It makes every call of SDL, because SDL is for one thread: even waking it up from another one would
  * write to a second connection to the X server. So the others leave their pictures, and this one looks for events.
  */
+#include <limits.h>
 #include <pthread.h>
 #include <signal.h>
 
@@ -35,7 +36,7 @@ __attribute__((noreturn)) static void on_lost_display(void)
     thread.has_lost_display = true;
     closing_begin(true);
     while (!picture_has_ended()) {
-        picture_await(0, longest_nap);
+        picture_await(LLONG_MAX, longest_nap);
         closing_insist();
     }
     pthread_exit(NULL);
@@ -66,6 +67,8 @@ static void take_event(const SDL_Event *event)
 {
     if (event->type == SDL_WINDOWEVENT)
         take_window_event(&event->window);
+    else if (event->type == SDL_RENDER_TARGETS_RESET || event->type == SDL_RENDER_DEVICE_RESET)
+        frame_renew();
     else if (event->type == SDL_QUIT)
         on_lost_display();
     else if (!is_full_screen_key(event))
