@@ -96,7 +96,7 @@ XServer::XServer(const std::string& options)
     await([&] {
         const std::string number = contents(directory_ + "/number");
         if (!number.empty() && number.back() == '\n')
-            environment_ = "DISPLAY=:" + number.substr(0, number.size() - 1);
+            environment_ = "HOME=" + directory_ + " DISPLAY=:" + number.substr(0, number.size() - 1);
         return !environment_.empty();
     });
 }
@@ -152,7 +152,7 @@ Compositor::Compositor()
                " --idle-time=0 --no-config --socket=wayland-test")
 {
     if (await([&] { return std::filesystem::exists(directory_ + "/wayland-test"); }))
-        environment_ = "XDG_RUNTIME_DIR=" + directory_ + " WAYLAND_DISPLAY=wayland-test";
+        environment_ = "HOME=" + directory_ + " XDG_RUNTIME_DIR=" + directory_ + " WAYLAND_DISPLAY=wayland-test";
 }
 
 Compositor::~Compositor()

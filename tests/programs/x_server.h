@@ -36,7 +36,7 @@ public:
     explicit XServer(const std::string& options = "");
     ~XServer();
 
-    /// The variables that lead programs to it, or nothing where it did not start.
+    /// The variables that lead programs to it, and to a home of their own, or nothing where it did not start.
     const std::string& environment() const { return environment_; }
 
     /// A part of what it shows.
