@@ -56,6 +56,24 @@ TEST(DeadDisplay, ExamplesAreDrawnWithoutAWindow)
     }
 }
 
+TEST(CompositorWithoutAKeyboardAndMouse, CostsOneLineAndNothingElse)
+{
+    const std::string directory = temporary_file("seatless");
+    std::filesystem::create_directory(directory);
+    std::filesystem::permissions(directory, std::filesystem::perms::owner_all);
+    const std::string environment = "HOME=" + directory + " XDG_RUNTIME_DIR=" + directory;
+    Process compositor("exec env " + environment + " weston --backend=headless-backend.so --use-pixman --no-config "
+                       "--socket=seatless");
+    EXPECT_TRUE(await([&] { return std::filesystem::exists(directory + "/seatless"); })) << compositor.output();
+
+    const Outcome outcome = run_command(demo, environment + " WAYLAND_DISPLAY=seatless");
+    compositor.signal(SIGTERM);
+    compositor.wait();
+    std::filesystem::remove_all(directory);
+    EXPECT_EQ(outcome.status, 0) << outcome.output;
+    EXPECT_EQ(count(outcome.output, "zuvo: no window: "), 1u) << outcome.output;
+}
+
 TEST(Starts, OneHundredInARowSucceed)
 {
     const XServer server;
