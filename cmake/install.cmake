@@ -14,6 +14,10 @@ install(TARGETS dtkhddvd EXPORT dtkhddvd
 install(TARGETS zuvo EXPORT dtkhddvd
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT platform NAMELINK_COMPONENT development
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd)
+# Loaded by libzuvo from its own folder, where there is a display.
+if(TARGET zuvo_window)
+  install(TARGETS zuvo_window LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT window)
+endif()
 install(TARGETS ${programs} RUNTIME COMPONENT tools)
 install(FILES include/dtkhddvd.h include/dtkhddvd.hpp platform/include/zuvo.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd COMPONENT development)

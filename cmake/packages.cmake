@@ -6,6 +6,9 @@ set(CPACK_PACKAGE_CONTACT "dtkhddvd maintainers <maintainers@dtkhddvd.example>")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGING_INSTALL_PREFIX ${CMAKE_INSTALL_PREFIX})
 set(CPACK_COMPONENTS_ALL library platform development tools documentation)
+if(TARGET zuvo_window)
+  list(APPEND CPACK_COMPONENTS_ALL window)
+endif()
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/debian_files.cmake)
 set(CPACK_DTKHDDVD_SOURCE_DIR ${PROJECT_SOURCE_DIR})
@@ -40,6 +43,11 @@ describe_package(platform libzuvo-hosted1 libs "2-D drawing toolkit for DirectFB
 .
 This is its platform library for desktops and build machines, with a drawing
 engine and a DirectFB graphics driver that run on the CPU." "")
+describe_package(window libzuvo-hosted1-window libs "2-D drawing toolkit for DirectFB - window of the hosted platform"
+  "${toolkit_text}
+.
+This shows what DirectFB draws in a window, on X11 and Wayland desktops. It is
+loaded only there: without it nothing is shown." "libzuvo-hosted1 ${same_version}")
 describe_package(development libdtkhddvd-dev libdevel "2-D drawing toolkit for DirectFB - development files"
   "${toolkit_text}
 .
@@ -55,7 +63,9 @@ describe_package(documentation dtkhddvd-doc doc "2-D drawing toolkit for DirectF
 .
 These are its guide and examples in C and Python." "")
 
-set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS libdirectfb-extra)
+set(CPACK_DEBIAN_PLATFORM_PACKAGE_RECOMMENDS libzuvo-hosted1-window)
+# On Wayland SDL draws by OpenGL, and libdecor draws the window's frame.
+set(CPACK_DEBIAN_WINDOW_PACKAGE_RECOMMENDS "libgl1-mesa-dri, libdecor-0-plugin-1-cairo")
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)

@@ -180,7 +180,7 @@ void draw_gallery(const std::string& file, tools::BackEnd back_end, const std::v
 
 int main(int argc, char** argv)
 {
-    std::vector<std::string> words, arguments;
+    std::vector<std::string> words = {"--zuvo:window=off"}, arguments;
     for (int i = 1; i < argc; ++i)
         (tools::is_platform_word(argv[i]) ? words : arguments).push_back(argv[i]);
 

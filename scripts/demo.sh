@@ -34,16 +34,16 @@ pictures=''
 for back_end in $back_ends; do
     frames=$(picture_of "$picture" "$back_end") gallery=$(picture_of "$build/gallery.png" "$back_end")
     say "drawing ($back_end) ..."
-    env -u DISPLAY "$build/dtk_demo" --frames 100 --size 1280x720 "$@" --backend "$back_end" --png "$frames" ||
+    env -u DISPLAY -u WAYLAND_DISPLAY "$build/dtk_demo" --frames 100 --size 1280x720 "$@" --backend "$back_end" --png "$frames" ||
         fail "the demo program failed: see its message above"
-    env -u DISPLAY "$build/gallery" "$gallery" "$back_end" || fail "the gallery program failed: see its message above"
+    env -u DISPLAY -u WAYLAND_DISPLAY "$build/gallery" "$gallery" "$back_end" || fail "the gallery program failed: see its message above"
     pictures="$pictures
   $frames
   $gallery"
 done
-if [ -n "${DISPLAY-}" ]; then
-    say "A window shows the frames; Ctrl-C or closing it ends it."
+if [ -n "${DISPLAY-}${WAYLAND_DISPLAY-}" ]; then
+    say "A window shows the frames; Escape, Ctrl-C or closing it ends it."
     "$build/dtk_demo" --seconds 20 --rate 60 --size 1280x720 "$@" ||
-        fail "the window failed: see the message above; without DISPLAY there are only pictures"
+        fail "the window failed: see the message above; --zuvo:window=off leaves it out"
 fi
 say "The pictures:$pictures"

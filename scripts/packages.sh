@@ -4,16 +4,16 @@ set -eu
 . "$(dirname "$0")/common.sh"
 . "$root/scripts/apt.sh"
 
-# libdirectfb-extra holds DirectFB's x11 system, dpkg-dev tells what a package depends on.
+# SDL 2 shows windows, whose frames on Wayland libdecor draws; dpkg-dev tells what a package depends on.
 packages_of() {
     case $1 in
-        build)
-            echo cmake make g++ pkg-config libdirectfb-dev libdirectfb-extra libcairo2-dev libpng-dev
-            ;;
+        build) echo cmake make g++ pkg-config libdirectfb-dev libcairo2-dev libpng-dev libsdl2-dev libdecor-0-plugin-1-cairo ;;
         test)
-            echo libgtest-dev libgmock-dev valgrind xvfb x11-utils python3-cffi mandoc doxygen file abigail-tools dpkg-dev
+            echo libgtest-dev libgmock-dev valgrind python3-cffi mandoc doxygen file abigail-tools dpkg-dev
             # Other users of cairo, and a font.
             echo libpango1.0-dev python3-cairo fonts-dejavu-core
+            # Displays, and what acts for the person in front of them.
+            echo xvfb x11-utils xdotool openbox wmctrl weston libgl1-mesa-dri
             ;;
         docs) echo doxygen mandoc ;;
         deb) echo lintian file dpkg-dev ;;

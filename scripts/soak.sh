@@ -7,7 +7,7 @@ set -eu
 [ $# -gt 0 ] || set -- --minutes 60
 log=$build/soak.log
 say "soaking; what the drawing says about areas outside the target goes to $log ..."
-HOME=/nonexistent DISPLAY='' DFBARGS='' ZUVOARGS='' "$build/soak" "$@" 2> "$log" || {
+HOME=/nonexistent DISPLAY='' WAYLAND_DISPLAY='' DFBARGS='' ZUVOARGS='' "$build/soak" "$@" 2> "$log" || {
     tail -n 1 "$log" >&2
     fail "the soak failed"
 }

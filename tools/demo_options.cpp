@@ -21,9 +21,9 @@ const char demo_help[] =
     "  --backend hardware   draw with the platform's drawing engine, or fail\n"
     "  --help               show this help\n"
     "\n"
-    "--dfb: words are for DirectFB (--dfb:system=x11) and --zuvo: words for the platform (--zuvo:accel=off).\n"
-    "Without a display nothing is shown. Ctrl-C ends the program after the frame, closing its window ends it at\n"
-    "once.\n";
+    "--dfb: words are for DirectFB (--dfb:system=fbdev) and --zuvo: words for the platform (--zuvo:window=off).\n"
+    "On a desktop the frames are shown in a window, F11 makes it full screen. Escape, closing the window and Ctrl-C\n"
+    "end the program after the frame.\n";
 
 namespace {
 

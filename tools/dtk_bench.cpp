@@ -154,7 +154,9 @@ void measure_all(const Bench& bench)
 void run_bench(const BenchOptions& options)
 {
     const int width = std::max(smallest_width, options.width), height = std::max(smallest_height, options.height);
-    const Platform platform(smallest_width, smallest_height, options.back_end, options.words);
+    std::vector<std::string> words = options.words;
+    words.insert(words.begin(), "--zuvo:window=off");
+    const Platform platform(smallest_width, smallest_height, options.back_end, words);
     const auto surface = tools::create_surface(platform.dfb(), width, height, options.format);
 
     std::printf("Shapes of %d x %d pixels on a surface of %d x %d, %s; %s back end, DirectFB %s\n\n", options.width,

@@ -1,19 +1,14 @@
 #include <algorithm>
-#include <atomic>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <stdexcept>
 #include <thread>
-
-#include <unistd.h>
 
 #include <dtkhddvd.h>
 
 #include "demo_options.h"
 #include "platform.h"
-#include "window.h"
 #include "write_png.h"
 
 namespace {
@@ -29,7 +24,8 @@ struct Run {
     const tools::DemoOptions* options;
     const char* manner;
     Clock::time_point start;
-    std::atomic<int> frames;
+    int frames;
+    IDirectFBEventBuffer* events;
 };
 
 Run run;
@@ -39,10 +35,21 @@ double seconds_since_start()
     return Seconds(Clock::now() - run.start).count();
 }
 
+/// Closing the window presses it, too.
+bool was_escape_pressed()
+{
+    DFBEvent event;
+    while (run.events->GetEvent(run.events, &event) == DFB_OK) {
+        if (event.input.type == DIET_KEYPRESS && event.input.key_symbol == DIKS_ESCAPE)
+            interrupted = 1;
+    }
+    return interrupted;
+}
+
 bool was_last_frame()
 {
     const tools::DemoOptions& options = *run.options;
-    return interrupted || (options.frames && run.frames >= options.frames) ||
+    return was_escape_pressed() || (options.frames && run.frames >= options.frames) ||
            (options.seconds > 0 && seconds_since_start() >= options.seconds);
 }
 
@@ -76,16 +83,6 @@ void report(double seconds)
     std::printf("%d frames in %.3f s, %.2f frames per second, %s\n", frames, seconds, frames / seconds, run.manner);
 }
 
-void leave_without_window()
-{
-    report(seconds_since_start());
-    std::fflush(stdout);
-    if (run.options->png.empty())
-        _exit(EXIT_SUCCESS);
-    std::fputs("dtk_demo: the window was closed, no picture is written\n", stderr);
-    _exit(EXIT_FAILURE);
-}
-
 const char* manner_of(const tools::Platform& platform)
 {
     if (platform.has_engine())
@@ -100,8 +97,10 @@ double draw_frames(IDirectFB* dfb, IDirectFBSurface* surface)
 {
     run.flip = surface->Flip;
     surface->Flip = flip_and_count;
+    run.frames = 0;
+    tools::check(dfb->CreateInputEventBuffer(dfb, DICAPS_KEYS, DFB_TRUE, &run.events), "cannot listen to the keyboard");
+    const tools::Owned<IDirectFBEventBuffer> events(run.events);
     run.start = Clock::now();
-    tools::when_window_closes(leave_without_window);
 
     const DFBResult result = test_dtkhd(dfb, surface);
     const double seconds = seconds_since_start();

@@ -178,7 +178,7 @@ void draw_picture(const std::string& name, const std::string& file, tools::BackE
     for (const auto& picture : pictures) {
         if (picture.name != name)
             continue;
-        const Platform platform(640, 480, back_end, {});
+        const Platform platform(640, 480, back_end, {"--zuvo:window=off"});
         tools::write_png(file, picture.draw(platform).surface());
         return;
     }

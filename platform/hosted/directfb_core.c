@@ -12,16 +12,6 @@
 #include "directfb_system.h"
 #include "directfb_variant.h"
 
-/** DirectFB itself chooses a window as soon as DISPLAY is set, even to nothing. */
-static bool has_usable_system(void)
-{
-    const char *display = getenv("DISPLAY");
-
-    if (!dfb_config->system)
-        return false;
-    return !directfb_system_is("x11") || (display && *display);
-}
-
 static void complete_layer(DFBDisplayLayerConfig *layer)
 {
     if (layer->flags & DLCONF_BUFFERMODE)
@@ -30,13 +20,21 @@ static void complete_layer(DFBDisplayLayerConfig *layer)
     layer->buffermode = DIRECTFB_LAYER_BUFFERS;
 }
 
-void directfb_core_complete_options(int width, int height)
+/** The window goes by the name of DirectFB's x11 system, which DirectFB chooses wherever DISPLAY is set, even to nothing. */
+static void complete_system(bool has_window)
 {
-    if (!has_usable_system()) {
+    if (!dfb_config->system && has_window)
+        DirectFBSetOption("system", "x11");
+    if (!dfb_config->system || (directfb_system_is("x11") && !has_window)) {
         DirectFBSetOption("system", "dummy");
         DirectFBSetOption("quiet", NULL);
         DirectFBSetOption("no-cursor", NULL);
     }
+}
+
+void directfb_core_complete_options(int width, int height, bool has_window)
+{
+    complete_system(has_window);
 
     if (directfb_system_is_soft())
         complete_layer(&dfb_config->layers[DLID_PRIMARY].config);

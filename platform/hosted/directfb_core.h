@@ -5,6 +5,8 @@
 #ifndef ZUVO_DIRECTFB_CORE_H
 #define ZUVO_DIRECTFB_CORE_H
 
+#include <stdbool.h>
+
 #include <directfb.h>
 
 #ifdef __cplusplus
@@ -14,8 +16,10 @@ extern "C" {
 /**
  * Completes DirectFB's options between DirectFBInit and DirectFBCreate: where there is nothing to show pictures on,
  * they are drawn into memory only, quietly and without a cursor; where nothing says a size, it is @p width x @p height.
+ *
+ * @param has_window Whether there is a display for a window.
  */
-void directfb_core_complete_options(int width, int height);
+void directfb_core_complete_options(int width, int height, bool has_window);
 
 /** What a surface is opened for: each is open at most once at a time. */
 typedef enum DirectFBCoreUse {

@@ -1,6 +1,7 @@
 #include "accel/accel.h"
 #include "directfb_core.h"
 #include "platform.h"
+#include "window/window.h"
 #include "words.h"
 #include "zuvo.h"
 
@@ -22,7 +23,7 @@ IDirectFB* zuvo_dfb_ext_open_with_params(unsigned int, int* argc, char*** argv)
     if (DirectFBInit(argc, argv) != DFB_OK)
         return nullptr;
     const zuvo::DisplayFormat& format = *zuvo::wishes().format;
-    directfb_core_complete_options(format.width, format.height);
+    directfb_core_complete_options(format.width, format.height, window_is_wanted());
     if (zuvo::wishes().accel)
         accel_register();
 

@@ -14,8 +14,12 @@ const DisplayFormat formats[] = {
     {"480", 1, 720, 480},
 };
 
-const Wishes unspoken = {true, true, &formats[0]};
+const Wishes unspoken = {true, true, &formats[0], {true, false, 0, 0}};
 Wishes current = unspoken;
+bool were_read = false;
+
+const char known_words[] =
+    "dtk=on|off, accel=on|off, format=1080|720|576|480, window=on|off|fullscreen|WIDTHxHEIGHT";
 
 const char prefix[] = "--zuvo:";
 const size_t prefix_length = sizeof(prefix) - 1;
@@ -42,14 +46,18 @@ bool read_switch(Word word, const char* on, const char* off, bool& ret_value)
     return true;
 }
 
+/// What follows the key, which ends with an equals sign; no text when the word has another key.
+Word value_of(Word word, const char* key)
+{
+    const size_t key_length = std::strlen(key);
+    if (word.length < key_length || std::memcmp(word.text, key, key_length))
+        return {nullptr, 0};
+    return {word.text + key_length, word.length - key_length};
+}
+
 bool read_format(Word word)
 {
-    const char key[] = "format=";
-    const size_t key_length = sizeof(key) - 1;
-    if (word.length < key_length || std::memcmp(word.text, key, key_length))
-        return false;
-
-    const Word value = {word.text + key_length, word.length - key_length};
+    const Word value = value_of(word, "format=");
     for (const DisplayFormat& format : formats) {
         if (!value.is(format.word))
             continue;
@@ -59,10 +67,42 @@ bool read_format(Word word)
     return false;
 }
 
+bool read_size(Word word, WindowWish& window)
+{
+    char text[16] = "";
+    if (word.length >= sizeof(text))
+        return false;
+    std::memcpy(text, word.text, word.length);
+
+    char rest;
+    WindowWish sized = {true, false, 0, 0};
+    if (std::sscanf(text, "%5dx%5d%c", &sized.width, &sized.height, &rest) != 2 || sized.width < 1 || sized.height < 1)
+        return false;
+    window = sized;
+    return true;
+}
+
+bool read_window(Word word, WindowWish& window)
+{
+    const Word value = value_of(word, "window=");
+    if (!value.text)
+        return false;
+    if (value.is("on"))
+        window = unspoken.window;
+    else if (value.is("off"))
+        window = {false, false, 0, 0};
+    else if (value.is("fullscreen"))
+        window = {true, true, 0, 0};
+    else
+        return read_size(value, window);
+    return true;
+}
+
 bool read_word(Word word)
 {
     return read_switch(word, "dtk=on", "dtk=off", current.engine)
-        || read_switch(word, "accel=on", "accel=off", current.accel) || read_format(word);
+        || read_switch(word, "accel=on", "accel=off", current.accel) || read_format(word)
+        || read_window(word, current.window);
 }
 
 enum class Unknown { reported, ignored };
@@ -72,8 +112,7 @@ void read_list(const char* list, Unknown unknown)
     for (;;) {
         const Word word = {list, std::strcspn(list, ",")};
         if (word.length > 0 && !read_word(word) && unknown == Unknown::reported)
-            std::fprintf(stderr, "zuvo: unknown word '%.*s' (dtk=on|off, accel=on|off, format=1080|720|576|480)\n",
-                         static_cast<int>(word.length), word.text);
+            std::fprintf(stderr, "zuvo: unknown word '%.*s' (%s)\n", static_cast<int>(word.length), word.text, known_words);
         list += word.length;
         if (!*list)
             return;
@@ -108,12 +147,15 @@ void read_own_command_line()
 
 const Wishes& wishes()
 {
+    if (!were_read)
+        read_start_wishes();
     return current;
 }
 
 void read_start_wishes()
 {
     current = unspoken;
+    were_read = true;
     if (const char* list = std::getenv("ZUVOARGS"))
         read_list(list, Unknown::reported);
     read_own_command_line();

@@ -10,14 +10,23 @@ struct DisplayFormat {
     int width, height;
 };
 
+/// How the picture is to be shown on a desktop.
+struct WindowWish {
+    bool is_on;                 ///< Show a window where there is a display.
+    bool is_full_screen;
+    int width, height;          ///< Of the window; 0 for the picture's own size.
+};
+
 /// What the platform was asked for, by `ZUVOARGS` and by arguments that begin with `--zuvo:`.
 struct Wishes {
     bool engine;                    ///< Offer the drawing engine.
     bool accel;                     ///< Let DirectFB draw with the platform's graphics driver.
     const DisplayFormat* format;
+    WindowWish window;
 };
 
-/// The wishes so far; nothing said means engine and driver on, and 1920 x 1080.
+/// The wishes so far, read first where they have not been; nothing said means engine, driver and window on, and
+/// 1920 x 1080.
 const Wishes& wishes();
 
 /// Forgets all wishes, then reads `ZUVOARGS` and the words on the process's own command line.

@@ -152,7 +152,7 @@ bool is_started()
 
 const Wishes& wishes()
 {
-    static const Wishes everything = {true, true, nullptr};
+    static const Wishes everything = {true, true, nullptr, {}};
     return everything;
 }
 

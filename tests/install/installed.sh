@@ -8,7 +8,7 @@ project=$(dirname "$(dirname "$here")")
 libraries=$PREFIX/$LIBRARIES
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-unset LD_LIBRARY_PATH LIBRARY_PATH CPATH DFBARGS DISPLAY ZUVOARGS DESTDIR
+unset LD_LIBRARY_PATH LIBRARY_PATH CPATH DFBARGS DISPLAY WAYLAND_DISPLAY ZUVOARGS DESTDIR
 export HOME="$work" PKG_CONFIG_PATH="$libraries/pkgconfig"
 headless=--dfb:system=dummy,quiet,no-cursor,mode=640x480
 
@@ -42,6 +42,7 @@ case $case_name in
             "$LIBRARIES/pkgconfig/dtkhddvd.pc" "$LIBRARIES/cmake/dtkhddvd/dtkhddvdConfig.cmake" \
             bin/dtk_demo bin/dtk_bench bin/test_dtkhd share/man/man1/dtk_demo.1 share/man/man1/dtk_bench.1 \
             share/man/man1/test_dtkhd.1 share/man/man3/dtkhddvd.3 share/doc/dtkhddvd/examples/hello.c
+        [ -z "$HAS_WINDOW" ] || expect_in_place "$LIBRARIES/libzuvo_window.so"
         for library in libdtkhddvd libzuvo; do
             [ "$(readlink "$libraries/$library.so")" = "$library.so.${VERSION%%.*}" ] || wrong "no link for $library"
         done
@@ -90,6 +91,10 @@ case $case_name in
     programs_run)
         "$PREFIX/bin/dtk_demo" --frames 2 --size 640x480 2> "$work/log" || wrong "dtk_demo: $(cat "$work/log")"
         "$PREFIX/bin/dtk_bench" --duration 0.01 --size 64 2> "$work/log" || wrong "dtk_bench: $(cat "$work/log")"
+        [ -n "$HAS_WINDOW" ] || exit 0
+        # The window's library is found from any folder: it says itself that there is no such display.
+        (cd / && DISPLAY=:987 "$PREFIX/bin/dtk_demo" --frames 2 --size 640x480 2> "$work/log") || wrong "$(cat "$work/log")"
+        grep -q "^zuvo: no window: .*(DISPLAY=':987'" "$work/log" || wrong "no window's library: $(cat "$work/log")"
         ;;
     cairo_is_the_systems)
         [ -z "$(find "$PREFIX" -name 'libcairo*')" ] || wrong "a cairo of its own"
@@ -110,13 +115,17 @@ case $case_name in
         # CPack would build everything first, but for this generator it does not.
         "$CPACK" --config "$BUILD/CPackConfig.cmake" -B "$work" -D CPACK_CMAKE_GENERATOR=Ninja > "$work/log" 2>&1 ||
             wrong "cannot be made: $(cat "$work/log")"
-        for package in libdtkhddvd1 libdtkhddvd-dev libzuvo-hosted1 dtkhddvd-tools dtkhddvd-doc; do
+        for package in libdtkhddvd1 libdtkhddvd-dev libzuvo-hosted1 ${HAS_WINDOW:+libzuvo-hosted1-window} dtkhddvd-tools \
+            dtkhddvd-doc; do
             [ "$(dpkg-deb -f "$work/${package}_$VERSION"_*.deb Package)" = "$package" ] || wrong "no package $package"
             dpkg-deb -x "$work/${package}_$VERSION"_*.deb "$work/root"
             [ -s "$work/root/usr/local/share/doc/$package/copyright" ] || wrong "no copyright in $package"
         done
         dpkg-deb -f "$work"/libdtkhddvd1_*.deb Depends | grep -q '^libzuvo-hosted1 .*libcairo2 .*libdirectfb-1\.7-7' ||
             wrong "the library depends on something else"
+        ! dpkg-deb -f "$work"/libzuvo-hosted1_*.deb Depends | grep -q libsdl2 || wrong "a machine without a display needs SDL"
+        [ -z "$HAS_WINDOW" ] || dpkg-deb -f "$work"/libzuvo-hosted1-window_*.deb Depends | grep -q libsdl2 ||
+            wrong "the window does not need SDL"
         "$work/root/usr/local/bin/dtk_demo" --frames 2 --size 640x480 2> "$work/log" || wrong "$(cat "$work/log")"
         ;;
     *) wrong "no such case" ;;

@@ -103,7 +103,8 @@ TEST_F(Hosted, ComplainsInOneLineAboutAnUnknownWord)
     testing::internal::CaptureStderr();
     zuvo_init(4108);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "zuvo: unknown word 'dtk=maybe' (dtk=on|off, accel=on|off, format=1080|720|576|480)\n");
+              "zuvo: unknown word 'dtk=maybe' (dtk=on|off, accel=on|off, format=1080|720|576|480, "
+              "window=on|off|fullscreen|WIDTHxHEIGHT)\n");
     EXPECT_NE(zuvo_dtk_get_handle(), 0u);
 }
 

@@ -13,7 +13,7 @@ cp -R "$project/run" "$project/scripts" "$tree"
 calls=$place/calls
 touch "$calls"
 export calls place XDG_CACHE_HOME="$place/cache" PATH="$place/bin:$PATH"
-unset PKG_CONFIG_PATH DESTDIR DTKHDDVD_WERROR DISPLAY
+unset PKG_CONFIG_PATH DESTDIR DTKHDDVD_WERROR DISPLAY WAYLAND_DISPLAY
 cache=$place/cache/dtkhddvd
 cairo=$cache/cairo-1.16.0-$(dpkg --print-architecture)
 

@@ -1,8 +1,5 @@
-#include <chrono>
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
-#include <thread>
 
 #include <gmock/gmock.h>
 
@@ -15,6 +12,9 @@ using testing::EndsWith;
 using testing::HasSubstr;
 
 constexpr unsigned int width = 640, height = 480;
+
+/// Where SDL puts a window of 640 x 480 on a screen of 800 x 600 without a window manager.
+constexpr std::size_t left = 80, top = 60;
 
 std::string in_words(const std::string& arguments)
 {
@@ -31,31 +31,29 @@ Picture first_frame(const std::string& arguments)
     return picture;
 }
 
-/// A demo program in a window, whose frames last ten seconds.
-class Demo : public Process {
+/// A program of the build directory on a display.
+class Program : public Process {
 public:
-    Demo(const XServer& server, const std::string& arguments)
-        : Process(server.environment() + " exec '" PROGRAMS "'/" + in_words(arguments) + " --rate 0.1 --seconds 60")
+    Program(const std::string& environment, const std::string& line)
+        : Process("export " + environment + "; exec '" PROGRAMS "'/" + line)
     {
     }
 };
 
-bool appears(const XServer& server, const Picture& picture)
+/// A demo program whose frames last ten seconds.
+std::string slow_demo(const std::string& arguments)
 {
-    for (int tries = 0; tries < 200; ++tries) {
-        if (server.screen(width, height).pixels == picture.pixels)
-            return true;
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    }
-    return false;
+    return in_words(arguments) + " --rate 0.1 --seconds 60";
 }
 
-/// Does what a window manager does.
-void close_window(const XServer& server)
+bool appears(const XServer& server, const Picture& picture)
 {
-    const std::string line = "export " + server.environment() +
-                             "; xkill -id $(xwininfo -root -children | awk '/640x480/ { print $1 }') > /dev/null";
-    EXPECT_EQ(std::system(line.c_str()), 0);
+    return await([&] { return server.screen(left, top, width, height).pixels == picture.pixels; });
+}
+
+bool has_window(const XServer& server, const std::string& program)
+{
+    return await([&] { return server.run("xwininfo -root -tree | grep '\"" + program + " (F11'"); });
 }
 
 class Window : public testing::TestWithParam<const char*> {};
@@ -63,6 +61,14 @@ class Window : public testing::TestWithParam<const char*> {};
 INSTANTIATE_TEST_SUITE_P(Drawn, Window,
                          testing::Values("--backend software --zuvo:accel=off", "--backend software --zuvo:accel=on",
                                          "--backend hardware --zuvo:accel=off", "--backend hardware --zuvo:accel=on"));
+
+class Server : public testing::TestWithParam<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(Of, Server, testing::Values("", "-extension GLX", "-extension MIT-SHM"));
+
+class Example : public testing::TestWithParam<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(Named, Example, testing::Values("hello", "df_chart", "df_clock", "df_paint"));
 
 } // namespace
 
@@ -73,34 +79,98 @@ TEST_P(Window, ShowsWhatIsDrawnWithoutOneAndEndsWithCtrlC)
     const XServer server;
     ASSERT_NE(server.environment(), "");
 
-    Demo demo(server, GetParam());
-    EXPECT_TRUE(appears(server, expected));
+    Program demo(server.environment(), slow_demo(GetParam()));
+    EXPECT_TRUE(appears(server, expected)) << demo.output();
     demo.signal(SIGINT);
     const Outcome outcome = demo.wait();
     EXPECT_EQ(outcome.status, 0) << outcome.output;
     EXPECT_THAT(outcome.output, HasSubstr("1 frames in "));
 }
 
-TEST(ClosingTheWindow, EndsTheProgramWithItsReport)
+TEST_P(Server, ShowsTheWindow)
+{
+    const XServer server(GetParam());
+    Program demo(server.environment(), slow_demo(""));
+    EXPECT_TRUE(appears(server, first_frame(""))) << demo.output();
+    demo.signal(SIGTERM);
+    EXPECT_EQ(demo.wait().status, 0);
+}
+
+TEST(WaylandCompositor, ShowsTheWindowUntilItEnds)
+{
+    Compositor compositor;
+    ASSERT_NE(compositor.environment(), "");
+    const Picture expected = first_frame("");
+    Program demo(compositor.environment(), slow_demo(""));
+    EXPECT_TRUE(await([&] { return compositor.screen().screen(0, 0, width, height).pixels == expected.pixels; }))
+        << demo.output();
+    compositor.kill();
+    const Outcome outcome = demo.wait();
+    EXPECT_EQ(outcome.status, 0) << outcome.output;
+    EXPECT_THAT(outcome.output, HasSubstr("1 frames in "));
+}
+
+TEST_P(Example, EndsWhenItsServerIsKilled)
+{
+    XServer server;
+    Program program(server.environment(), GetParam());
+    EXPECT_TRUE(has_window(server, GetParam()));
+    server.kill();
+    EXPECT_GE(program.wait().status, 0);
+}
+
+TEST_P(Example, EndsWhenItsWindowIsClosed)
 {
     const XServer server;
-    Demo demo(server, "");
-    ASSERT_TRUE(appears(server, first_frame(""))) << demo.output();
-    close_window(server);
+    const WindowManager manager(server);
+    Program program(server.environment(), GetParam());
+    EXPECT_TRUE(manager.close(std::string(GetParam()) + " (F11"));
+    EXPECT_EQ(program.wait().status, 0);
+}
+
+TEST_P(Example, EndsWhenItsWindowIsKilled)
+{
+    const XServer server;
+    Program program(server.environment(), GetParam());
+    EXPECT_TRUE(has_window(server, GetParam()));
+    EXPECT_TRUE(server.run("xkill -id $(xwininfo -root -children | awk '/F11/ { print $1 }')"));
+    EXPECT_GE(program.wait().status, 0);
+}
+
+TEST_P(Example, EndsBySignalsAsAnyProgramDoes)
+{
+    const XServer server;
+    for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+        Program program(server.environment(), std::string(GetParam()) + "; echo unreachable");
+        EXPECT_TRUE(has_window(server, GetParam()));
+        program.signal(number);
+        const Outcome outcome = program.wait();
+        EXPECT_EQ(outcome.status, -1);
+        EXPECT_THAT(outcome.output, testing::Not(HasSubstr("Caught")));
+    }
+}
+
+TEST(AProgramThatIgnoresEscape, EndsSoonAfterItsWindow)
+{
+    const XServer server;
+    const WindowManager manager(server);
+    Program program(server.environment(), "test_dtkhd --zuvo:format=480");
+    EXPECT_TRUE(manager.close("test_dtkhd (F11"));
+    const Outcome outcome = program.wait();
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("zuvo: the window was closed\n"));
+}
+
+TEST(ClosingTheWindow, EndsTheDemoWithItsReport)
+{
+    const XServer server;
+    const WindowManager manager(server);
+    const std::string file = temporary_file("closed.png");
+    Program demo(server.environment(), slow_demo("--png " + file));
+    EXPECT_TRUE(manager.close("dtk_demo (F11"));
     const Outcome outcome = demo.wait();
     EXPECT_EQ(outcome.status, 0) << outcome.output;
     EXPECT_THAT(outcome.output, EndsWith(" back end, DirectFB accelerated\n"));
-}
-
-TEST(ClosingTheWindow, IsAFailureWhenAPictureWasWanted)
-{
-    const std::string file = temporary_file("never.png");
-    const XServer server;
-    Demo demo(server, "--png " + file);
-    ASSERT_TRUE(appears(server, first_frame(""))) << demo.output();
-    close_window(server);
-    const Outcome outcome = demo.wait();
-    EXPECT_EQ(outcome.status, 1) << outcome.output;
-    EXPECT_THAT(outcome.output, EndsWith("dtk_demo: the window was closed, no picture is written\n"));
-    EXPECT_TRUE(read_png(file).pixels.empty());
+    EXPECT_EQ(read_png(file).pixels, first_frame("").pixels);
+    std::remove(file.c_str());
 }

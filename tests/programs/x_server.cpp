@@ -1,12 +1,10 @@
 #include "x_server.h"
 
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <thread>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -21,8 +19,10 @@ std::string contents(const std::string& file)
 
 std::string new_directory()
 {
-    const std::string directory = temporary_file("screen");
+    static int count = 0;
+    std::string directory = temporary_file("display-" + std::to_string(++count));
     std::filesystem::create_directory(directory);
+    std::filesystem::permissions(directory, std::filesystem::perms::owner_all);
     return directory;
 }
 
@@ -75,7 +75,10 @@ void Process::signal(int number) const
 Outcome Process::wait()
 {
     int status = 0;
-    waitpid(pid_, &status, 0);
+    if (!await([&] { return waitpid(pid_, &status, WNOHANG) == pid_; })) {
+        signal(SIGKILL);
+        waitpid(pid_, &status, 0);
+    }
     pid_ = -1;
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output()};
 }
@@ -85,18 +88,17 @@ std::string Process::output() const
     return contents(file_);
 }
 
-// DirectFB's x11 system does not survive a server with GLX.
-XServer::XServer()
+XServer::XServer(const std::string& options)
     : directory_(new_directory()),
-      process_("exec Xvfb -displayfd 3 -screen 0 800x600x24 -extension GLX -nolisten tcp -noreset -fbdir " +
-               directory_ + " 3>" + directory_ + "/number")
+      process_("exec Xvfb -displayfd 3 -screen 0 800x600x24 -nolisten tcp -noreset -fbdir " + directory_ + " " + options +
+               " 3>" + directory_ + "/number")
 {
-    for (int tries = 0; tries < 500 && environment_.empty(); ++tries) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    await([&] {
         const std::string number = contents(directory_ + "/number");
         if (!number.empty() && number.back() == '\n')
-            environment_ = "DISPLAY=:" + number.substr(0, number.size() - 1);
-    }
+            environment_ = "HOME=" + directory_ + " DISPLAY=:" + number.substr(0, number.size() - 1);
+        return !environment_.empty();
+    });
 }
 
 XServer::~XServer()
@@ -106,18 +108,61 @@ XServer::~XServer()
     std::filesystem::remove_all(directory_);
 }
 
-Picture XServer::screen(unsigned int width, unsigned int height) const
+bool XServer::run(const std::string& line) const
+{
+    return std::system(("export " + environment_ + "; { " + line + "; } > /dev/null 2>&1").c_str()) == 0;
+}
+
+void XServer::kill()
+{
+    process_.signal(SIGKILL);
+}
+
+Picture XServer::screen(std::size_t left, std::size_t top, unsigned int width, unsigned int height) const
 {
     const std::string bytes = contents(directory_ + "/Xvfb_screen0");
     if (bytes.size() < 100)
         return {};
     const Dump dump(bytes);
     Picture picture = {width, height, {}};
-    for (std::size_t y = 0; y < height; ++y) {
-        for (std::size_t x = 0; x < width; ++x) {
+    for (std::size_t y = top; y < top + height; ++y) {
+        for (std::size_t x = left; x < left + width; ++x) {
             const auto* pixel = reinterpret_cast<const unsigned char*>(&bytes.at(dump.pixels + y * dump.pitch + 4 * x));
             picture.pixels.push_back(static_cast<std::uint32_t>(pixel[2] << 16 | pixel[1] << 8 | pixel[0]));
         }
     }
     return picture;
+}
+
+WindowManager::WindowManager(const XServer& server)
+    : server_(server), process_("exec env " + server.environment() + " openbox --sm-disable")
+{
+    await([&] { return server_.run("wmctrl -m"); });
+}
+
+bool WindowManager::close(const std::string& title) const
+{
+    return await([&] { return server_.run("wmctrl -c '" + title + "'"); });
+}
+
+Compositor::Compositor()
+    : directory_(new_directory()),
+      process_("export XDG_RUNTIME_DIR=" + directory_ + " " + screen_.environment() +
+               "; exec weston --backend=x11-backend.so --use-pixman --shell=kiosk-shell.so --width=640 --height=480"
+               " --idle-time=0 --no-config --socket=wayland-test")
+{
+    if (await([&] { return std::filesystem::exists(directory_ + "/wayland-test"); }))
+        environment_ = "HOME=" + directory_ + " XDG_RUNTIME_DIR=" + directory_ + " WAYLAND_DISPLAY=wayland-test";
+}
+
+Compositor::~Compositor()
+{
+    process_.signal(SIGTERM);
+    process_.wait();
+    std::filesystem::remove_all(directory_);
+}
+
+void Compositor::kill()
+{
+    process_.signal(SIGKILL);
 }

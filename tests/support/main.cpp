@@ -7,7 +7,7 @@
 static void clear_environment()
 {
     setenv("HOME", "/nonexistent", 1);
-    for (const char* name : {"DISPLAY", "DFBARGS", "ZUVOARGS"})
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "DFBARGS", "ZUVOARGS"})
         unsetenv(name);
     if (const char* words = std::getenv("DTKHDDVD_TEST_ZUVOARGS"))
         setenv("ZUVOARGS", words, 1);

@@ -1,0 +1,186 @@
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+
+#include <directfb.h>
+#include <gmock/gmock.h>
+
+#include "command.h"
+#include "x_server.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+const char demo[] = "dtk_demo --frames 1 --size 320x240";
+const char dead_displays[][60] = {"DISPLAY=:987", "WAYLAND_DISPLAY=gone", "DISPLAY=:987 WAYLAND_DISPLAY=gone"};
+
+std::size_t count(const std::string& text, const std::string& part)
+{
+    std::size_t found = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+        ++found;
+    return found;
+}
+
+} // namespace
+
+TEST(DeadDisplay, CostsOneLineAndNothingElse)
+{
+    for (const char* display : dead_displays) {
+        const Outcome outcome = run_command(demo, display);
+        EXPECT_EQ(outcome.status, 0) << outcome.output;
+        EXPECT_EQ(count(outcome.output, "zuvo: "), 1u) << outcome.output;
+        EXPECT_THAT(outcome.output, HasSubstr("zuvo: no window: "));
+        EXPECT_THAT(outcome.output, HasSubstr("1 frames in "));
+    }
+}
+
+TEST(DeadDisplay, Ends100Of100StartsInOrder)
+{
+    for (int i = 0; i < 100; ++i)
+        ASSERT_EQ(run_command(demo, dead_displays[i % 3]).status, 0) << i;
+}
+
+TEST(DeadDisplay, ExamplesAreDrawnWithoutAWindow)
+{
+    const std::string directory = temporary_file("dump");
+    for (const char* example : {"hello", "df_chart", "df_clock", "df_paint"}) {
+        std::filesystem::create_directory(directory);
+        const Outcome outcome = run_command(std::string(example) + " --dfb:quiet --dump " + directory, dead_displays[0]);
+        EXPECT_EQ(outcome.status, 0) << example;
+        EXPECT_THAT(outcome.output, StartsWith("zuvo: no window: "));
+        EXPECT_FALSE(std::filesystem::is_empty(directory));
+        std::filesystem::remove_all(directory);
+    }
+}
+
+TEST(CompositorWithoutAKeyboardAndMouse, CostsOneLineAndNothingElse)
+{
+    const std::string directory = temporary_file("seatless");
+    std::filesystem::create_directory(directory);
+    std::filesystem::permissions(directory, std::filesystem::perms::owner_all);
+    const std::string environment = "HOME=" + directory + " XDG_RUNTIME_DIR=" + directory;
+    Process compositor("exec env " + environment + " weston --backend=headless-backend.so --use-pixman --no-config "
+                       "--socket=seatless");
+    EXPECT_TRUE(await([&] { return std::filesystem::exists(directory + "/seatless"); })) << compositor.output();
+
+    const Outcome outcome = run_command(demo, environment + " WAYLAND_DISPLAY=seatless");
+    compositor.signal(SIGTERM);
+    compositor.wait();
+    std::filesystem::remove_all(directory);
+    EXPECT_EQ(outcome.status, 0) << outcome.output;
+    EXPECT_EQ(count(outcome.output, "zuvo: no window: "), 1u) << outcome.output;
+}
+
+TEST(Starts, OneHundredInARowSucceed)
+{
+    const XServer server;
+    for (int i = 0; i < 100; ++i)
+        ASSERT_EQ(run_command(demo, server.environment()).status, 0) << i;
+}
+
+TEST(WithoutSdl, OneLineTellsWhatToInstall)
+{
+    const std::string place = temporary_file("libraries");
+    std::filesystem::create_directory(place);
+    std::filesystem::copy(PROGRAMS "/libzuvo.so.1", place);
+    const Outcome outcome = run_command(demo, "DISPLAY=:987 LD_LIBRARY_PATH=" + place + " LD_PRELOAD=" + place + "/libzuvo.so.1");
+    std::filesystem::remove_all(place);
+    EXPECT_EQ(outcome.status, 0) << outcome.output;
+    EXPECT_EQ(count(outcome.output, "zuvo: "), 1u) << outcome.output;
+    EXPECT_THAT(outcome.output, HasSubstr("; install libsdl2-2.0-0 and libzuvo-hosted1-window\n"));
+}
+
+TEST(Options, SwitchTheWindowOff)
+{
+    const Outcome outcome = run_command(std::string(demo) + " --zuvo:window=off", "DISPLAY=:987");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(count(outcome.output, "zuvo"), 0u) << outcome.output;
+    EXPECT_EQ(count(run_command("hello --dump /nonexistent", "DISPLAY=:987 ZUVOARGS=window=off").output, "zuvo"), 0u);
+}
+
+TEST(Options, SayWhatTheWindowMayBe)
+{
+    for (const char* wrong : {"window=large", "window=0x10", "window=10x", "window=10x10x", "window="}) {
+        const Outcome outcome = run_command(std::string(demo) + " --zuvo:" + wrong);
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_THAT(outcome.output, HasSubstr(std::string("zuvo: unknown word '") + wrong + "'"));
+        EXPECT_THAT(outcome.output, HasSubstr("window=on|off|fullscreen|WIDTHxHEIGHT"));
+    }
+}
+
+TEST(Options, FillTheScreen)
+{
+    const XServer server;
+    const WindowManager manager(server);
+    Process program("exec env " + server.environment() + " '" PROGRAMS "'/window_events --zuvo:window=fullscreen");
+    EXPECT_TRUE(await([&] { return server.screen(0, 0, 1, 1).pixels.at(0) == 0x0080FF; }));
+    program.signal(SIGTERM);
+    EXPECT_EQ(program.wait().status, -1);
+}
+
+namespace {
+
+struct Mode {
+    const char* name;
+    DFBSurfacePixelFormat format;
+    DFBDisplayLayerBufferMode buffers;
+};
+
+void PrintTo(const Mode& mode, std::ostream* stream)
+{
+    *stream << mode.name;
+}
+
+class LayerMode : public testing::TestWithParam<Mode> {};
+
+INSTANTIATE_TEST_SUITE_P(
+    Shown, LayerMode,
+    testing::Values(Mode{"argb, front only", DSPF_ARGB, DLBM_FRONTONLY}, Mode{"argb, back system", DSPF_ARGB, DLBM_BACKSYSTEM},
+                    Mode{"argb, back video", DSPF_ARGB, DLBM_BACKVIDEO}, Mode{"argb, triple", DSPF_ARGB, DLBM_TRIPLE},
+                    Mode{"rgb32, back video", DSPF_RGB32, DLBM_BACKVIDEO}, Mode{"rgb24, front only", DSPF_RGB24, DLBM_FRONTONLY},
+                    Mode{"rgb16, back system", DSPF_RGB16, DLBM_BACKSYSTEM}, Mode{"rgb16, triple", DSPF_RGB16, DLBM_TRIPLE},
+                    Mode{"argb1555, front only", DSPF_ARGB1555, DLBM_FRONTONLY}));
+
+std::string modes_program(const Mode& mode)
+{
+    return "window_modes " + std::to_string(mode.format) + " " + std::to_string(mode.buffers) + " --dfb:quiet";
+}
+
+} // namespace
+
+TEST_P(LayerMode, IsShown)
+{
+    const XServer server;
+    Process program("exec env " + server.environment() + " '" PROGRAMS "'/" + modes_program(GetParam()));
+    const auto shows = [&](std::size_t x, std::uint32_t colour) {
+        return await([&] { return server.screen(x, 300, 1, 1).pixels.at(0) == colour; });
+    };
+    EXPECT_TRUE(shows(80, 0xFF0000)) << program.output();
+    EXPECT_TRUE(shows(80 + 160, 0x00FF00));
+    EXPECT_TRUE(shows(80 + 320, 0x0000FF));
+    EXPECT_TRUE(shows(80 + 639, 0xFFFFFF));
+    EXPECT_TRUE(await([&] { return program.output().find(" ms\n") != std::string::npos; }));
+    EXPECT_THAT(program.output(), HasSubstr("640x480x32 "));
+    EXPECT_THAT(program.output(), HasSubstr("1920x1080x32 "));
+}
+
+TEST(Modes, FlipsWaitForTheDisplay)
+{
+    const XServer server;
+    Process program("exec env " + server.environment() + " '" PROGRAMS "'/" +
+                    modes_program({"", DSPF_ARGB, DLBM_BACKVIDEO}));
+    EXPECT_TRUE(await([&] { return program.output().find(" ms\n") != std::string::npos; }));
+    const std::string output = program.output();
+    EXPECT_GE(std::atoi(output.c_str() + output.rfind('\n', output.size() - 2) + 1), 75) << "5 frames of 1/60 s and a part";
+}
+
+TEST(Modes, APaletteIsRefused)
+{
+    const XServer server;
+    const Outcome outcome = run_command(modes_program({"", DSPF_LUT8, DLBM_FRONTONLY}), server.environment());
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.output, testing::ContainsRegex("(not supported|[Uu]nsupported)"));
+}
