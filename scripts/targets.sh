@@ -12,7 +12,7 @@ directory=$build/$target
 
 # A process of its own, so that the cache's lock is given back.
 prepare() (
-    locked "$cache/lock" ", or set XDG_CACHE_HOME to another one"
+    lock_cache
     "$root/scripts/packages.sh" build "$target"
     "$root/scripts/sysroot.sh" "$target"
 )
