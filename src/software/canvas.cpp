@@ -32,6 +32,40 @@ void renew_context(const DTKHDDVD_data& toolkit, const Canvas& canvas)
     canvas.context = create_context(toolkit.dfb, canvas.surface, &canvas.context_surface);
 }
 
+/// Patterns that begin further to the left or above are beyond cairo's numbers, and it draws nothing.
+constexpr int least_origin = -32765;
+
+int nearest_origin(int origin, int tile)
+{
+    return origin < least_origin && tile > 0 ? origin % tile : origin;
+}
+
+/// Where cairo is to begin with a texture: a pattern that begins too far away is the same some whole tiles nearer.
+DFBPoint pattern_origin(IDirectFBSurface* texture, const DFBPoint& origin)
+{
+    if (origin.x >= least_origin && origin.y >= least_origin)
+        return origin;
+    DFBDimension tile = {0, 0};
+    texture->GetSize(texture, &tile.w, &tile.h);
+    return {nearest_origin(origin.x, tile.w), nearest_origin(origin.y, tile.h)};
+}
+
+struct Extent {
+    int origin, size;
+};
+
+/// A length that a rectangle cannot hold is cut where no surface reaches.
+Extent saturate(long long first, long long last)
+{
+    constexpr long long far_away = 1LL << 29;
+    const auto fits = [](long long number) { return number == static_cast<int>(number); };
+    if (!fits(first) || !fits(last - first + 1)) {
+        first = std::clamp(first, -far_away, far_away);
+        last = std::clamp(last, -far_away, far_away);
+    }
+    return {static_cast<int>(first), static_cast<int>(last - first + 1)};
+}
+
 } // namespace
 
 Canvas choose_canvas(DTKHDDVD_data& toolkit, u32 flags)
@@ -66,6 +100,13 @@ DFBResult get_pen_surface(const DTKHDDVD_data& toolkit, Ref<IDirectFBSurface>& s
     return surface ? result::ok : result::failure;
 }
 
+DFBRectangle covering(long long left, long long top, long long right, long long bottom)
+{
+    const auto [x, w] = saturate(left, right);
+    const auto [y, h] = saturate(top, bottom);
+    return {x, y, w, h};
+}
+
 DFBRectangle stamped_area(const DFBRectangle& rect, int pen_width, int pen_height)
 {
     return {std::max(rect.x - pen_width / 2 - 1, 0), std::max(rect.y - pen_height / 2 - 1, 0),
@@ -96,9 +137,11 @@ DFBResult set_color(const Canvas& canvas, const DFBColor& color)
 
 void set_pattern_source(const DTKHDDVD_data& toolkit, const Canvas& canvas, int x, int y)
 {
+    const DFBPoint origin = pattern_origin(toolkit.texture, {x, y});
+
     // The matrix leads from the surface to the texture.
     cairo_matrix_t matrix;
-    cairo_matrix_init_translate(&matrix, -static_cast<double>(x), -static_cast<double>(y));
+    cairo_matrix_init_translate(&matrix, -static_cast<double>(origin.x), -static_cast<double>(origin.y));
     cairo_pattern_set_matrix(toolkit.fill_pattern, &matrix);
     cairo_set_source(canvas.context, toolkit.fill_pattern);
 }
