@@ -3,27 +3,12 @@
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/dtkhddvd)
-set(private_dir ${CMAKE_INSTALL_LIBDIR}/dtkhddvd)
 
-# A cairo of the system's is found as every other library is. One built for this project goes along, in a folder of its
-# own: it has the name of the system's cairo, and programs that use that one must not find ours. Its debugging
-# information would name the folder that it was built in.
-pkg_get_variable(cairo_libdir cairo-directfb libdir)
-set(install_rpath $ORIGIN)
-if(NOT cairo_libdir IN_LIST CMAKE_C_IMPLICIT_LINK_DIRECTORIES)
-  # The system's own cairo may lie in the folder of the libraries.
-  list(PREPEND install_rpath $ORIGIN/dtkhddvd)
-  file(REAL_PATH ${cairo_libdir}/libcairo.so.2 cairo_file)
-  file(CREATE_LINK ${cairo_libdir} ${CMAKE_BINARY_DIR}/dtkhddvd SYMBOLIC)
-  install(FILES ${cairo_file} DESTINATION ${private_dir} RENAME libcairo.so.2 COMPONENT library)
-  install(CODE "execute_process(COMMAND \"${CMAKE_STRIP}\" --strip-unneeded
-    \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${private_dir}/libcairo.so.2\" COMMAND_ERROR_IS_FATAL ANY)"
-    COMPONENT library)
-endif()
 set(programs dtk_bench dtk_demo test_dtkhd)
+
 # An rpath that CMake is to change at the installation ends with an empty entry, which is the current folder. So these
 # files are linked with rpaths that serve in both places.
-set_target_properties(dtkhddvd PROPERTIES INSTALL_RPATH "${install_rpath}")
+set_target_properties(dtkhddvd PROPERTIES INSTALL_RPATH $ORIGIN)
 set_target_properties(${programs} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
 set_target_properties(dtkhddvd zuvo ${programs} PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
 

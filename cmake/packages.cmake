@@ -16,8 +16,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The libraries depend on each other and on the private cairo, of which no package knows yet.
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR} ${cairo_libdir})
+# The libraries depend on each other, of which no package knows yet.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR})
 
 # describe_package(COMPONENT NAME SECTION SUMMARY DESCRIPTION DEPENDENCIES)
 macro(describe_package component name section summary description dependencies)
@@ -61,8 +61,7 @@ set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_PLATFORM_PACKAGE_PROVIDES libzuvo1)
 
-# How other packages depend on the libraries, and what makes the loader know them. CPack's own list would name the private
-# cairo, too.
+# How other packages depend on the libraries, and what makes the loader know them.
 function(add_library_control component library package)
   string(TOUPPER ${component} prefix)
   set(folder ${CMAKE_BINARY_DIR}/control/${component})

@@ -13,7 +13,7 @@ directory=$build
 is_stale() {
     [ -e "$directory/CMakeCache.txt" ] || return 1
     ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$directory/CMakeCache.txt" ||
-        ! grep -qxF "CAIRO_LIBDIR:INTERNAL=$(pkg-config --variable=libdir cairo-directfb)" "$directory/CMakeCache.txt"
+        ! grep -qxF "CAIRO_LIBDIR:INTERNAL=$(pkg-config --variable=libdir cairo)" "$directory/CMakeCache.txt"
 }
 
 configure() {
@@ -23,7 +23,6 @@ configure() {
 
 # shellcheck disable=SC2086 # The lists are split into their names.
 "$root/scripts/setup.sh" build $lists
-use_cairo
 locked "$build/lock"
 if is_stale; then set -- --fresh "$@"; fi
 

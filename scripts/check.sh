@@ -5,7 +5,6 @@ set -eu
 . "$(dirname "$0")/common.sh"
 
 "$root/scripts/setup.sh" build check
-use_cairo
 directory=$build/check
 locked "$build/lock"
 : > "$build/configure-check.log"

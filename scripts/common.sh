@@ -23,7 +23,8 @@ case $cache in
         ;;
 esac
 
-# cairo's version is part of the name, so that another version or architecture never meets the wrong library.
+# A cairo with the DirectFB back end. Its version is part of the name, so that another version or architecture never meets
+# the wrong library.
 cairo_version=1.16.0
 cairo=$cache/cairo-$cairo_version-$(dpkg --print-architecture 2>/dev/null || uname -m)
 
@@ -65,10 +66,4 @@ as_root() {
         printf 'not root, and there is no sudo: %s\n' "$*" >&2
         return 1
     fi
-}
-
-# cairo of the cache is used only where the system's own pkg-config knows none with the back end.
-use_cairo() {
-    pkg-config --exists cairo-directfb && return
-    export PKG_CONFIG_PATH="$cairo/lib/pkgconfig${PKG_CONFIG_PATH:+:$PKG_CONFIG_PATH}"
 }

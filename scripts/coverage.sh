@@ -7,7 +7,6 @@ set -eu
 
 [ $# -eq 0 ] || fail "coverage takes no options"
 "$root/scripts/setup.sh" build test coverage
-use_cairo
 directory=$build/coverage
 locked "$build/lock"
 

@@ -4,7 +4,6 @@ set -eu
 . "$(dirname "$0")/common.sh"
 
 "$root/scripts/setup.sh" build docs deb
-use_cairo
 locked "$build/lock"
 directory=$build/deb
 log=$build/deb.log

@@ -18,7 +18,6 @@ case $seconds in
 esac
 
 "$root/scripts/setup.sh" build test fuzz
-use_cairo
 directory=$build/fuzz
 locked "$build/lock"
 say "configuring (fuzz) ..."

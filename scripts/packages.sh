@@ -3,15 +3,17 @@
 set -eu
 . "$(dirname "$0")/common.sh"
 
-# libdirectfb-extra holds DirectFB's x11 system, dpkg-dev unpacks cairo's source, pixman is what cairo draws with.
+# libdirectfb-extra holds DirectFB's x11 system, dpkg-dev tells what a package depends on.
 packages_of() {
     case $1 in
         build)
-            echo cmake make g++ pkg-config libdirectfb-dev libdirectfb-extra libpng-dev libpixman-1-dev zlib1g-dev dpkg-dev
+            echo cmake make g++ pkg-config libdirectfb-dev libdirectfb-extra libcairo2-dev libpng-dev
             ;;
-        test) echo libgtest-dev libgmock-dev valgrind xvfb x11-utils python3-cffi mandoc doxygen file abigail-tools ;;
+        test) echo libgtest-dev libgmock-dev valgrind xvfb x11-utils python3-cffi mandoc doxygen file abigail-tools dpkg-dev ;;
         docs) echo doxygen mandoc ;;
-        deb) echo lintian file ;;
+        deb) echo lintian file dpkg-dev ;;
+        # For scripts/cairo.sh, which unpacks and compiles a source package.
+        cairo) echo dpkg-dev libpixman-1-dev zlib1g-dev ;;
         bench) echo libbenchmark-dev gnuplot-nox ;;
         # Libraries that the benchmarks compare with: each is left out where it cannot be had.
         peers) echo qtbase5-dev libagg-dev libimlib2-dev liballegro5-dev libsdl2-gfx-dev libgd-dev ;;

@@ -1,21 +1,40 @@
 #!/bin/sh
-# test.sh [--asan | --target NAME] [CTEST-OPTION...]: the tests as users build the library, then under the address and
-# undefined behaviour sanitizers; or on another machine.
+# test.sh [--asan | --directfb-cairo | --target NAME] [CTEST-OPTION...]: the tests as users build the library, then under the
+# address and undefined behaviour sanitizers; or those that draw, with a cairo that has its DirectFB back end; or on another
+# machine.
 set -eu
 . "$(dirname "$0")/common.sh"
 
-if [ "${1-}" = --target ]; then
+# test_preset PRESET [CTEST-OPTION...]
+test_preset() {
+    preset=$1
     shift
-    exec "$root/scripts/targets.sh" "$@"
-fi
-presets='default asan'
-if [ "${1-}" = --asan ]; then
-    presets=asan
-    shift
-fi
-for preset in $presets; do
     "$root/scripts/build.sh" "$preset" test -DDTKHDDVD_TESTS=ON
     say "testing ($preset) ..."
     cd "$root"
     ctest --preset "$preset" -j "$(nproc)" "$@"
-done
+}
+
+# The same build: the loader finds the other cairo first. Programs that need more of cairo than drawing are left out.
+test_with_directfb_cairo() {
+    "$root/scripts/build.sh" default test -DDTKHDDVD_TESTS=ON
+    "$root/scripts/cairo.sh"
+    say "testing (default, with cairo's DirectFB back end) ..."
+    cd "$root"
+    LD_LIBRARY_PATH="$cairo/lib${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}" \
+        ctest --preset default -j "$(nproc)" -L 'real|programs' -LE own_cairo "$@"
+}
+
+mode=${1-}
+case $mode in
+    --target | --asan | --directfb-cairo) shift ;;
+esac
+case $mode in
+    --target) exec "$root/scripts/targets.sh" "$@" ;;
+    --asan) test_preset asan "$@" ;;
+    --directfb-cairo) test_with_directfb_cairo "$@" ;;
+    *)
+        test_preset default "$@"
+        test_preset asan "$@"
+        ;;
+esac

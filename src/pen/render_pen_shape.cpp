@@ -1,7 +1,6 @@
+#include "toolkit/cairo_surface.h"
 #include "toolkit/ref.h"
 #include "toolkit/result.h"
-
-#include <cairo-directfb.h>
 
 #include <algorithm>
 
@@ -36,7 +35,7 @@ void draw_shape(IDirectFB* dfb, IDirectFBSurface* surface, const DTKHDDVDPenShap
 {
     const int shift_x = size.w / 2;
     const int shift_y = size.h / 2;
-    cairo_surface_t* cairo_surface = cairo_directfb_surface_create(dfb, surface);
+    cairo_surface_t* cairo_surface = create_cairo_surface(dfb, surface);
     cairo_t* context = cairo_create(cairo_surface);
 
     cairo_set_antialias(context, CAIRO_ANTIALIAS_NONE);
@@ -44,7 +43,10 @@ void draw_shape(IDirectFB* dfb, IDirectFBSurface* surface, const DTKHDDVDPenShap
     cairo_line_to(context, shape.x1 + shift_x, shape.y1 + shift_y);
     cairo_line_to(context, shape.x2 + shift_x, shape.y2 + shift_y);
     cairo_line_to(context, shape.x3 + shift_x, shape.y3 + shift_y);
-    cairo_fill(context);
+    LockedPixels pixels;
+    if (lock_pixels(context, {0, 0, size.w, size.h}, pixels) == Pixels::ready)
+        cairo_fill(context);
+    unlock_pixels(cairo_surface, pixels);
     cairo_destroy(context);
     cairo_surface_destroy(cairo_surface);
 }

@@ -5,6 +5,7 @@
 #include "toolkit/context.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace dtk {
 
@@ -19,35 +20,10 @@ cairo_surface_t* texture_surface(const DTKHDDVD_data& toolkit)
     return surface;
 }
 
-/// Cairo keeps a surface locked from its first use until a flush, and DirectFB would refuse it to everyone else.
-void unlock(cairo_surface_t* surface)
-{
-    if (surface)
-        cairo_surface_flush(surface);
-}
-
 void renew_context(const DTKHDDVD_data& toolkit, const Canvas& canvas)
 {
     cairo_destroy(canvas.context);
     canvas.context = create_context(toolkit.dfb, canvas.surface, &canvas.context_surface);
-}
-
-/// Patterns that begin further to the left or above are beyond cairo's numbers, and it draws nothing.
-constexpr int least_origin = -32765;
-
-int nearest_origin(int origin, int tile)
-{
-    return origin < least_origin && tile > 0 ? origin % tile : origin;
-}
-
-/// Where cairo is to begin with a texture: a pattern that begins too far away is the same some whole tiles nearer.
-DFBPoint pattern_origin(IDirectFBSurface* texture, const DFBPoint& origin)
-{
-    if (origin.x >= least_origin && origin.y >= least_origin)
-        return origin;
-    DFBDimension tile = {0, 0};
-    texture->GetSize(texture, &tile.w, &tile.h);
-    return {nearest_origin(origin.x, tile.w), nearest_origin(origin.y, tile.h)};
 }
 
 struct Extent {
@@ -66,13 +42,50 @@ Extent saturate(long long first, long long last)
     return {static_cast<int>(first), static_cast<int>(last - first + 1)};
 }
 
+/// Locks the pixels of what a context or a pattern works on, which is renewed first if they have become stale.
+template <typename Object, typename Renew>
+DFBResult lock_current_pixels(Object*& object, const DFBRectangle& area, LockedPixels& ret_locked, Renew&& renew)
+{
+    Pixels pixels = lock_pixels(object, area, ret_locked);
+    if (pixels == Pixels::stale) {
+        renew();
+        pixels = lock_pixels(object, area, ret_locked);
+    }
+    return pixels == Pixels::ready ? result::ok : result::failure;
+}
+
+DFBResult lock_canvas(const DTKHDDVD_data& toolkit, Canvas& canvas, const DFBRectangle& box)
+{
+    return lock_current_pixels(canvas.context, box, canvas.pixels, [&] { renew_context(toolkit, canvas); });
+}
+
+/// The part of the texture that a shape shows which begins at the texture's corner; all of it for one that reaches back.
+DFBRectangle shown_texture(const DFBRectangle& box)
+{
+    constexpr int all = std::numeric_limits<int>::max();
+    return {0, 0, box.w < 0 ? all : box.w, box.h < 0 ? all : box.h};
+}
+
+DFBResult lock_texture(DTKHDDVD_data& toolkit, Canvas& canvas, const DFBRectangle& box)
+{
+    return lock_current_pixels(toolkit.fill_pattern, shown_texture(box), canvas.texture,
+                               [&] { renew_fill_pattern(toolkit); });
+}
+
+/// Cairo's back end keeps a surface locked from its first use until a flush, and DirectFB would refuse it to everyone else.
+void take_back(cairo_surface_t* surface, LockedPixels& pixels)
+{
+    cairo_surface_flush(surface);
+    unlock_pixels(surface, pixels);
+}
+
 } // namespace
 
 Canvas choose_canvas(DTKHDDVD_data& toolkit, u32 flags)
 {
     if (uses_scratch_pad(toolkit, flags))
-        return {toolkit.scratch, toolkit.scratch_cr, toolkit.scratch_cairo_surface, true, {}};
-    return {toolkit.target, toolkit.target_cr, toolkit.target_cairo_surface, false, {}};
+        return {toolkit.scratch, toolkit.scratch_cr, toolkit.scratch_cairo_surface, true, {}, {}, {}};
+    return {toolkit.target, toolkit.target_cr, toolkit.target_cairo_surface, false, {}, {}, {}};
 }
 
 DFBResult finish(const DTKHDDVD_data& toolkit, const Canvas& canvas)
@@ -146,12 +159,25 @@ void set_pattern_source(const DTKHDDVD_data& toolkit, const Canvas& canvas, int 
     cairo_set_source(canvas.context, toolkit.fill_pattern);
 }
 
-DFBResult fill_path(DTKHDDVD_data& toolkit, const Canvas& canvas)
+DFBResult begin_path(DTKHDDVD_data& toolkit, Canvas& canvas, const DFBRectangle& box)
+{
+    if (!canvas.context)
+        return result::failure;
+    if (DFBResult result = lock_canvas(toolkit, canvas, box))
+        return result;
+    const DFBResult outcome = toolkit.fill_pattern ? lock_texture(toolkit, canvas, box) : result::ok;
+    if (outcome)
+        take_back(cairo_get_target(canvas.context), canvas.pixels);
+    return outcome;
+}
+
+DFBResult fill_path(DTKHDDVD_data& toolkit, Canvas& canvas)
 {
     cairo_surface_t* texture = texture_surface(toolkit);
     cairo_fill(canvas.context);
-    unlock(cairo_get_target(canvas.context));
-    unlock(texture);
+    take_back(cairo_get_target(canvas.context), canvas.pixels);
+    if (texture)
+        take_back(texture, canvas.texture);
 
     // Errors stick for ever, and a texture in error is drawn as nothing without the context's noticing.
     const bool has_lost_context = cairo_status(canvas.context) != CAIRO_STATUS_SUCCESS;

@@ -1,6 +1,7 @@
 #ifndef DTK_SOFTWARE_CANVAS_H
 #define DTK_SOFTWARE_CANVAS_H
 
+#include "toolkit/cairo_surface.h"
 #include "toolkit/drawing.h"
 #include "toolkit/ref.h"
 
@@ -13,6 +14,7 @@ struct Canvas {
     cairo_surface_t*& context_surface;  ///< What the toolkit remembers of the context's surface.
     bool is_scratch_pad;
     DFBRectangle dirty;                 ///< Covers what was drawn into the scratch pad.
+    LockedPixels pixels, texture;       ///< What cairo has between `begin_path` and `fill_path`.
 };
 
 /// Chooses between the scratch pad and the target.
@@ -43,9 +45,13 @@ DFBResult set_color(const Canvas& canvas, const DFBColor& color);
 /// Makes the fill pattern the context's source, with the texture's top left corner at (x, y).
 void set_pattern_source(const DTKHDDVD_data& toolkit, const Canvas& canvas, int x, int y);
 
+/// Gets cairo the canvas, and the texture, to draw a path inside `box`; `fill_path` takes them back. Fails where there is no
+/// context, or nothing to draw on: nothing is drawn then.
+DFBResult begin_path(DTKHDDVD_data& toolkit, Canvas& canvas, const DFBRectangle& box);
+
 /// Fills the context's path. A context or a pattern that ends in error is made anew; the drawing is lost, and the fill
 /// fails.
-DFBResult fill_path(DTKHDDVD_data& toolkit, const Canvas& canvas);
+DFBResult fill_path(DTKHDDVD_data& toolkit, Canvas& canvas);
 
 } // namespace dtk
 

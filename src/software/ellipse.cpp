@@ -17,7 +17,7 @@ DFBRectangle inner(const DFBRectangle& box)
     return {box.x + 1, box.y + 1, box.w - 2, box.h - 2};
 }
 
-DFBResult fill_with_pattern(DTKHDDVD_data& toolkit, const DFBRectangle& box, const Canvas& canvas)
+DFBResult fill_with_pattern(DTKHDDVD_data& toolkit, const DFBRectangle& box, Canvas& canvas)
 {
     if (!canvas.context)
         return result::failure;
@@ -28,6 +28,8 @@ DFBResult fill_with_pattern(DTKHDDVD_data& toolkit, const DFBRectangle& box, con
     if (a == 0 || b == 0)
         return result::ok;
 
+    if (DFBResult result = begin_path(toolkit, canvas, box))
+        return result;
     cairo_save(canvas.context);
     cairo_translate(canvas.context, box.x + a, box.y + b);
     cairo_scale(canvas.context, a, b);

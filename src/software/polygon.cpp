@@ -44,9 +44,9 @@ void set_color_source(const DFBColor& color, cairo_t* context)
 
 DFBResult fill(DTKHDDVD_data& toolkit, const Polygon& polygon, const DFBRegion& box, Canvas& canvas)
 {
-    if (!canvas.context)
-        return result::failure;
     canvas.dirty = covering(box.x1, box.y1, box.x2, box.y2);
+    if (DFBResult result = begin_path(toolkit, canvas, canvas.dirty))
+        return result;
     add_path(polygon, canvas.context);
     if (toolkit.fill_pattern)
         set_pattern_source(toolkit, canvas, box.x1, box.y1);

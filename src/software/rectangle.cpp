@@ -6,10 +6,10 @@ using namespace dtk;
 
 namespace {
 
-DFBResult fill_with_pattern(DTKHDDVD_data& toolkit, const DFBRectangle& rect, const Canvas& canvas)
+DFBResult fill_with_pattern(DTKHDDVD_data& toolkit, const DFBRectangle& rect, Canvas& canvas)
 {
-    if (!canvas.context)
-        return result::failure;
+    if (DFBResult result = begin_path(toolkit, canvas, rect))
+        return result;
     set_pattern_source(toolkit, canvas, rect.x, rect.y);
     cairo_rectangle(canvas.context, rect.x, rect.y, rect.w, rect.h);
     return fill_path(toolkit, canvas);

@@ -1,12 +1,12 @@
 #include "toolkit/context.h"
 
-#include <cairo-directfb.h>
+#include "toolkit/cairo_surface.h"
 
 namespace dtk {
 
 cairo_t* create_context(IDirectFB* dfb, IDirectFBSurface* surface, cairo_surface_t** ret_surface)
 {
-    cairo_surface_t* cairo_surface = cairo_directfb_surface_create(dfb, surface);
+    cairo_surface_t* cairo_surface = create_cairo_surface(dfb, surface);
     cairo_t* context = cairo_create(cairo_surface);
     cairo_set_antialias(context, CAIRO_ANTIALIAS_NONE);
     cairo_surface_destroy(cairo_surface);

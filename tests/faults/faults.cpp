@@ -97,6 +97,7 @@ void watch_palette(IDirectFBPalette* palette)
 void watch_questions(IDirectFBSurface& surface)
 {
     Shim<&IDirectFBSurface::GetSize>::put(surface, "GetSize");
+    Shim<&IDirectFBSurface::GetVisibleRectangle>::put(surface, "GetVisibleRectangle");
     Shim<&IDirectFBSurface::GetPixelFormat>::put(surface, "GetPixelFormat");
     Shim<&IDirectFBSurface::GetSubSurface>::put(surface, "GetSubSurface");
     Shim<&IDirectFBSurface::GetPalette>::put(surface, "GetPalette");
@@ -156,6 +157,14 @@ bool fails(const char* name, const void* caller)
         return false;
     failed = is_from_cairo ? std::string("cairo's ") + name : name;
     return true;
+}
+
+bool may_be_for_cairo(const std::string& call)
+{
+    static const bool has_back_end = dlsym(RTLD_DEFAULT, "cairo_directfb_surface_create") != nullptr;
+    if (has_back_end)
+        return call == "cairo's Lock";
+    return call == "Lock" || call == "GetVisibleRectangle" || call == "GetPixelFormat";
 }
 
 int held_references()

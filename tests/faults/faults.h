@@ -27,6 +27,10 @@ std::string failed_call();
 /// results it never looks.
 bool fails(const char* name, const void* caller);
 
+/// Whether a call of this name may be made by cairo's back end, or for an image of cairo's where there is none. A failure of
+/// it becomes one of cairo's, and is not looked at before something is drawn.
+bool may_be_for_cairo(const std::string& call);
+
 /// How many references on surfaces, palettes and DirectFB were taken and not given back since the shim is there.
 int held_references();
 

@@ -60,6 +60,10 @@ void fill_asking_slots(IDirectFBSurface& slots)
         *ret_height = self(thiz).height;
         return self(thiz).call();
     };
+    slots.GetVisibleRectangle = [](IDirectFBSurface* thiz, DFBRectangle* ret_rect) {
+        *ret_rect = {0, 0, self(thiz).width, self(thiz).height};
+        return self(thiz).call();
+    };
     slots.GetPixelFormat = [](IDirectFBSurface* thiz, DFBSurfacePixelFormat* ret_format) {
         *ret_format = self(thiz).format;
         return self(thiz).call();

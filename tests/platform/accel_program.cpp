@@ -1,6 +1,6 @@
 #include "accel_program.h"
 
-#include <cairo-directfb.h>
+#include <cairo.h>
 
 namespace accel {
 namespace {
@@ -186,7 +186,11 @@ std::string Program::draw_with_cairo()
     Canvas& canvas = canvases_.any(dice_);
     if (canvas.format != DSPF_ARGB || canvas.is_part)
         return "nothing";
-    cairo_surface_t* target = cairo_directfb_surface_create(&directfb_, canvas.surface);
+    void* memory = nullptr;
+    int pitch = 0;
+    must(canvas.surface->Lock(canvas.surface, DSLF_READ | DSLF_WRITE, &memory, &pitch));
+    cairo_surface_t* target = cairo_image_surface_create_for_data(
+        static_cast<unsigned char*>(memory), CAIRO_FORMAT_ARGB32, canvas.width, canvas.height, pitch);
     cairo_t* cairo = cairo_create(target);
     cairo_set_antialias(cairo, CAIRO_ANTIALIAS_NONE);
     for (int i = 0; i < 5; ++i) {
@@ -197,9 +201,9 @@ std::string Program::draw_with_cairo()
     cairo_set_source_rgba(cairo, colour.r / 255.0, colour.g / 255.0, colour.b / 255.0, colour.a / 255.0);
     cairo_fill(cairo);
     const int status = cairo_status(cairo);
-    cairo_surface_flush(target);
     cairo_destroy(cairo);
     cairo_surface_destroy(target);
+    must(canvas.surface->Unlock(canvas.surface));
     return told("cairo_fill", canvas, DFB_OK, status);
 }
 

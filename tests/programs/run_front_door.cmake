@@ -3,6 +3,7 @@ foreach(case
     words_are_listed
     unknown_word_is_refused
     superfluous_option_is_refused
+    no_build_makes_a_cairo
     complete_machine_calls_no_apt
     missing_packages_are_installed
     user_installs_through_sudo
