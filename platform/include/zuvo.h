@@ -34,7 +34,8 @@ enum zuvo_error {
     ZUVO_LOCK_FAILED = 0x207,           /**< A surface's memory cannot be reached. */
     ZUVO_PATTERN_IS_OUTPUT = 0x208,     /**< A surface cannot be filled with itself. */
     ZUVO_PEN_TOO_LARGE = 0x209,         /**< A pen's corners are more than 4096 pixels apart. */
-    ZUVO_NO_MEMORY = 0x20a
+    ZUVO_NO_MEMORY = 0x20a,
+    ZUVO_EMPTY_RECTANGLE = 0x20b        /**< A rectangle, or a border one pixel wide, without width or height. */
 };
 
 /** Answers the text of an error, a string that is never given back. */

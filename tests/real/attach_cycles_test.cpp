@@ -37,7 +37,7 @@ void attach_and_detach(const Toolkit& toolkit, const Surface& surface, int times
 
 TEST(AttachCycles, CostLessThanFourKilobytesEach)
 {
-    const int cycles = 1000;
+    const int cycles = 5000;
     const Surface surface = make_surface(400, 300);
     const Toolkit toolkit = make_toolkit(nullptr, true);
     attach_and_detach(toolkit, surface, 100);
@@ -46,7 +46,7 @@ TEST(AttachCycles, CostLessThanFourKilobytesEach)
 
     // DirectFB frees surfaces in a thread of its own.
     for (int i = 0; i < 100 && resident_bytes() - before >= cycles * 4096L + kept; ++i)
-        usleep(50000);
+        usleep(20000);
     EXPECT_LT(resident_bytes() - before, cycles * 4096L + kept);
 }
 

@@ -87,6 +87,9 @@ int zuvo_dtk_draw_rectangle(unsigned int dtk, const DFBRectangle* rect, unsigned
     if (!rect)
         return ZUVO_NULL_ARGUMENT;
 
+    if (zuvo::is_empty(*rect))
+        return ZUVO_EMPTY_RECTANGLE;
+
     return draw_filled(rect->x, rect->y, flags & ZUVO_DTK_BLEND, [rect](Painter& painter) {
         const int64_t right = int64_t(rect->x) + rect->w, bottom = int64_t(rect->y) + rect->h;
         zuvo::give_box({rect->x, rect->y, right, bottom}, painter.target.extent, painter);

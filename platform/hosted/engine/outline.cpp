@@ -56,7 +56,7 @@ bool draw_line(Painter& painter, DFBPoint from, DFBPoint to)
 
 bool draw_rectangle(Painter& painter, const DFBRectangle& rect)
 {
-    if (engine.pen_rows.is_box && rect.w > 0 && rect.h > 0) {
+    if (engine.pen_rows.is_box && !zuvo::is_empty(rect)) {
         zuvo::give_border(rect, engine.pen_rows, painter.target.extent, painter);
         return true;
     }
@@ -93,6 +93,8 @@ int zuvo_dtk_draw_rectangle_border(unsigned int dtk, const DFBRectangle* rect, u
         return ZUVO_NO_SUCH_ENGINE;
     if (!rect)
         return ZUVO_NULL_ARGUMENT;
+    if (engine.has_pen && engine.pen_rows.is_single_pixel && zuvo::is_empty(*rect))
+        return ZUVO_EMPTY_RECTANGLE;
 
     return draw_outline(flags & ZUVO_DTK_BLEND, [rect](Painter& painter) { return draw_rectangle(painter, *rect); });
 }
