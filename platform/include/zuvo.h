@@ -154,12 +154,25 @@ int zuvo_dtk_draw_ellipse_border(unsigned int dtk, const DFBRectangle *rect, uns
 int zuvo_dtk_draw_polygon(unsigned int dtk, const DFBPoint *points, unsigned int num_points, unsigned int reserved);
 
 /**
- * Tells the engine's handle of a surface: the platform's extension method of IDirectFBSurface, here GetID.
+ * Tells the engine's handle of a part of a surface, as IDirectFBSurface::GetSubSurface makes one. Optional: a platform
+ * whose engine knows whole surfaces alone leaves it out.
+ *
+ * @param surface    Any interface. If it is not one of DirectFB's own, nothing but its slot GetID is looked at.
+ * @param ret_handle Written on success only.
+ * @return DFB_UNSUPPORTED for a whole surface and for an interface that is not DirectFB's own: GetID answers for these.
+ */
+DFBResult zuvo_dtk_get_part_handle(IDirectFBSurface *surface, unsigned int *ret_handle) __attribute__((weak));
+
+/**
+ * Tells the engine's handle of a surface: that of a part where the platform has such, else by the platform's extension
+ * method of IDirectFBSurface, here GetID, which DirectFB answers with the whole surface.
  *
  * @param ret_handle Written on success only.
  */
 static inline DFBResult zuvo_dtk_surface_handle(IDirectFBSurface *surface, unsigned int *ret_handle)
 {
+    if (zuvo_dtk_get_part_handle && zuvo_dtk_get_part_handle(surface, ret_handle) == DFB_OK)
+        return DFB_OK;
     return surface->GetID(surface, ret_handle);
 }
 
