@@ -27,11 +27,15 @@ IDirectFB* zuvo_dfb_ext_open_with_params(unsigned int, int* argc, char*** argv)
         accel_register();
 
     IDirectFB* dfb = nullptr;
-    return DirectFBCreate(&dfb) == DFB_OK ? dfb : nullptr;
+    if (DirectFBCreate(&dfb) != DFB_OK)
+        return nullptr;
+    directfb_core_note_start();
+    return dfb;
 }
 
 void zuvo_dfb_ext_close(void)
 {
+    directfb_core_await_end();
 }
 
 unsigned int zuvo_dfb_ext_layer_open(unsigned int layer)

@@ -27,7 +27,8 @@ enum zuvo_error {
     ZUVO_NULL_ARGUMENT = 0x104,
     ZUVO_NO_SUCH_ENGINE = 0x201,        /**< The engine handle is wrong. */
     ZUVO_NO_SUCH_SURFACE = 0x202,       /**< The surface handle is unknown, or the surface was released. */
-    ZUVO_WRONG_PIXEL_FORMAT = 0x203,    /**< The engine draws onto DSPF_ARGB and DSPF_RGB32 only. */
+    ZUVO_WRONG_PIXEL_FORMAT = 0x203,    /**< The engine draws onto DSPF_ARGB and DSPF_RGB32 only, and not onto surfaces
+                                             that keep their two fields apart (DSCAPS_SEPARATED). */
     ZUVO_NO_OUTPUT = 0x204,             /**< No output surface is set, or the last attempt to set one failed. */
     ZUVO_NO_FILL = 0x205,               /**< No fill is set, or the last attempt to set one failed. */
     ZUVO_NO_PEN = 0x206,                /**< No pen is set, or the last attempt to set one failed. */
@@ -86,7 +87,10 @@ typedef struct zuvo_dfb_ext_layer_settings {
  */
 IDirectFB *zuvo_dfb_ext_open_with_params(unsigned int mode, int *argc, char ***argv);
 
-/** Ends the platform's side of DirectFB; the interface is released before. */
+/**
+ * Ends the platform's side of DirectFB; the interface is released before. After it, and not sooner, DirectFB may be
+ * started again in the same process.
+ */
 void zuvo_dfb_ext_close(void);
 
 /** Opens the platform's graphics layer @p layer and answers its handle, 0 when there is none. */
