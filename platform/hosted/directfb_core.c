@@ -1,5 +1,6 @@
 #include "directfb_core.h"
 
+#include <assert.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -82,6 +83,7 @@ DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, Dire
     CoreSurface *surface;
     CoreSurfaceBufferLock *lock = &opened[use].lock;
 
+    assert(!opened[use].surface); /* Two threads draw with the engine otherwise. */
     if (!core_dfb || dfb_core_get_surface(core_dfb, id, &surface) != DFB_OK)
         return DIRECTFB_CORE_UNKNOWN;
 
@@ -103,6 +105,7 @@ void directfb_core_close(DirectFBCoreUse use)
 {
     dfb_surface_unlock_buffer(opened[use].surface, &opened[use].lock);
     dfb_surface_unref(opened[use].surface);
+    opened[use].surface = NULL;
 }
 
 /* DirectFB 1.7 never joins the thread that hands out Fusion's messages, and it is not told to the outside. DirectFB2 does
