@@ -1,6 +1,6 @@
 #include "prescribed.h"
 
-#include <cairo-directfb.h>
+#include "cairo_pixels.h"
 
 namespace bench {
 
@@ -10,7 +10,7 @@ namespace {
 
 cairo_t* create_context(IDirectFB* dfb, IDirectFBSurface* surface)
 {
-    const std::unique_ptr<cairo_surface_t, CairoDestroyer> target(cairo_directfb_surface_create(dfb, surface));
+    const std::unique_ptr<cairo_surface_t, CairoDestroyer> target(create_cairo_surface(dfb, surface));
     cairo_t* context = cairo_create(target.get());
     cairo_set_antialias(context, CAIRO_ANTIALIAS_NONE);
     return context;
@@ -18,7 +18,7 @@ cairo_t* create_context(IDirectFB* dfb, IDirectFBSurface* surface)
 
 cairo_pattern_t* create_pattern(IDirectFB* dfb, IDirectFBSurface* texture)
 {
-    const std::unique_ptr<cairo_surface_t, CairoDestroyer> surface(cairo_directfb_surface_create(dfb, texture));
+    const std::unique_ptr<cairo_surface_t, CairoDestroyer> surface(create_cairo_surface(dfb, texture));
     cairo_pattern_t* pattern = cairo_pattern_create_for_surface(surface.get());
     cairo_pattern_set_extend(pattern, CAIRO_EXTEND_REPEAT);
     return pattern;

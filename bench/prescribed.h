@@ -43,7 +43,7 @@ private:
     Draw textured_ellipse(const Task& task) const;
 
     void set_pattern_origin(cairo_t* context, int x, int y) const;
-    void fill_path(cairo_t* context, cairo_pattern_t* pattern) const;
+    void fill_path(const Canvas& canvas, cairo_pattern_t* pattern) const;
 
     Owned<IDirectFBSurface> target_;
     Owned<IDirectFBSurface> scratch_;

@@ -1,5 +1,7 @@
 #include "prescribed.h"
 
+#include "cairo_pixels.h"
+
 namespace bench {
 
 namespace {
@@ -33,21 +35,23 @@ void Prescribed::set_pattern_origin(cairo_t* context, int x, int y) const
     cairo_set_source(context, pattern_.get());
 }
 
-/// Cairo keeps surfaces locked until they are flushed.
-void Prescribed::fill_path(cairo_t* context, cairo_pattern_t* pattern) const
+/// Cairo's back end keeps surfaces locked until they are flushed.
+void Prescribed::fill_path(const Canvas& canvas, cairo_pattern_t* pattern) const
 {
-    cairo_fill(context);
-    cairo_surface_flush(cairo_get_target(context));
+    const CairoPixels pixels(canvas.surface), texels(pattern ? texture_.get() : nullptr);
+    cairo_fill(canvas.context);
+    cairo_surface_flush(cairo_get_target(canvas.context));
     cairo_surface_t* texture = nullptr;
     if (pattern && cairo_pattern_get_surface(pattern, &texture) == CAIRO_STATUS_SUCCESS)
         cairo_surface_flush(texture);
-    cairo_status(context);
+    cairo_status(canvas.context);
 }
 
 Draw Prescribed::filled_polygon(const Task& task) const
 {
     const Paint paint = task.shape.paint;
-    cairo_t* context = canvas(paint).context;
+    const Canvas drawn_on = canvas(paint);
+    cairo_t* context = drawn_on.context;
     cairo_pattern_t* pattern = paint == Paint::textured ? pattern_.get() : nullptr;
     const std::vector<Point> points = task.shape.points;
     const DFBRectangle box = covering(points);
@@ -59,27 +63,29 @@ Draw Prescribed::filled_polygon(const Task& task) const
             set_pattern_origin(context, box.x, box.y);
         else
             set_source(context, paint);
-        fill_path(context, pattern);
+        fill_path(drawn_on, pattern);
     };
     return blended(draw, paint, box);
 }
 
 Draw Prescribed::textured_rectangle(const Task& task) const
 {
-    cairo_t* context = scratch_context_.get();
+    const Canvas pad = canvas(Paint::textured);
+    cairo_t* context = pad.context;
     const Box box = task.shape.box;
     const Draw draw = [=] {
         set_pattern_origin(context, box.x, box.y);
         cairo_rectangle(context, box.x, box.y, box.w, box.h);
-        fill_path(context, pattern_.get());
+        fill_path(pad, pattern_.get());
     };
     return blended(draw, Paint::textured, to_rectangle(box));
 }
 
 Draw Prescribed::textured_ellipse(const Task& task) const
 {
-    cairo_t* context = scratch_context_.get();
-    IDirectFBSurface* scratch = scratch_.get();
+    const Canvas pad = canvas(Paint::textured);
+    cairo_t* context = pad.context;
+    IDirectFBSurface* scratch = pad.surface;
     const Box box = task.shape.box;
     const int a = box.w / 2, b = box.h / 2;
     const Draw draw = [=] {
@@ -91,7 +97,7 @@ Draw Prescribed::textured_ellipse(const Task& task) const
         cairo_arc(context, 0, 0, 1.0, 0, 6.283185307179586);
         cairo_restore(context);
         set_pattern_origin(context, box.x, box.y);
-        fill_path(context, pattern_.get());
+        fill_path(pad, pattern_.get());
     };
     return blended(draw, Paint::textured, to_rectangle(box));
 }

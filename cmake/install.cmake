@@ -19,7 +19,7 @@ install(TARGETS zuvo EXPORT dtkhddvd
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT platform NAMELINK_COMPONENT development
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd)
 install(TARGETS ${programs} RUNTIME COMPONENT tools)
-install(FILES include/dtkhddvd.h platform/include/zuvo.h
+install(FILES include/dtkhddvd.h include/dtkhddvd.hpp platform/include/zuvo.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd COMPONENT development)
 install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT documentation
   FILES_MATCHING PATTERN hello.c PATTERN df_*)

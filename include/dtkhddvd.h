@@ -119,7 +119,8 @@ DFBResult CreateDrawingToolkit_HDDVD_HW(IDirectFB *dfb, IDirectFBSurface *surfac
 /**
  * Makes @p surface what the toolkit draws on, in place of any surface before.
  *
- * Detach first: the attachment before is replaced, not given back.
+ * Detach first: the attachment before is replaced, not given back. A surface that changes its size is attached anew, or
+ * what goes through the scratch pad ends where the surface ended before.
  *
  * @return DTKHDDVD_INVARG when @p thiz or @p surface is NULL, or the result of a failing DirectFB call, after which
  *         the toolkit may be half attached: attach or detach it again.

@@ -9,7 +9,11 @@ packages_of() {
         build)
             echo cmake make g++ pkg-config libdirectfb-dev libdirectfb-extra libcairo2-dev libpng-dev
             ;;
-        test) echo libgtest-dev libgmock-dev valgrind xvfb x11-utils python3-cffi mandoc doxygen file abigail-tools dpkg-dev ;;
+        test)
+            echo libgtest-dev libgmock-dev valgrind xvfb x11-utils python3-cffi mandoc doxygen file abigail-tools dpkg-dev
+            # Other users of cairo, and a font.
+            echo libpango1.0-dev python3-cairo fonts-dejavu-core
+            ;;
         docs) echo doxygen mandoc ;;
         deb) echo lintian file dpkg-dev ;;
         # For scripts/cairo.sh, which unpacks and compiles a source package.

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include <dtkhddvd.h>
+#include <dtkhddvd.hpp>
 
 #include "platform.h"
 #include "sheet.h"
@@ -17,38 +17,27 @@ using tools::Owned;
 using tools::Platform;
 using tools::Sheet;
 
-using Pen = Owned<DTKHDDVDPen>;
-using Toolkit = Owned<DTKHDDVD>;
+using dtkhddvd::Draw;
+using dtkhddvd::Outline;
+using dtkhddvd::ScratchPad;
+using Toolkit = dtkhddvd::ThrowingToolkit;
 using Surface = Owned<IDirectFBSurface>;
 
-constexpr u32 both = DTKHDDVD_FILL | DTKHDDVD_STROKE;
-
-Toolkit create_toolkit(IDirectFB* dfb, IDirectFBSurface* surface, bool has_scratch_pad = true)
+Toolkit create_toolkit(IDirectFB* dfb, IDirectFBSurface* surface, ScratchPad scratch_pad = ScratchPad::with)
 {
-    DTKHDDVD* toolkit = nullptr;
-    check(CreateDrawingToolkit_HDDVD(dfb, surface, has_scratch_pad ? 1 : 0, &toolkit), "cannot create a toolkit");
-    return Toolkit(toolkit);
+    return Toolkit::create(dfb, surface, scratch_pad);
 }
 
-/// Makes the pen the current one; before it goes, the toolkit has to let go of it.
-Pen set_new_pen(DTKHDDVD* toolkit, const DTKHDDVDPenShape& shape)
+/// The toolkit keeps the pen.
+void set_new_pen(Toolkit& toolkit, const DTKHDDVDPenShape& shape)
 {
-    DTKHDDVDPen* pen = nullptr;
-    check(toolkit->CreatePen(toolkit, &shape, &pen), "cannot create a pen");
-    Pen owned_pen(pen);
-    check(toolkit->SetPen(toolkit, pen), "cannot set the pen");
-    return owned_pen;
+    toolkit.set_pen(toolkit.create_pen(shape));
 }
 
-void drop_pen(DTKHDDVD* toolkit)
+void set_colors(Toolkit& toolkit, u8 fill_alpha, u8 stroke_alpha)
 {
-    check(toolkit->SetPen(toolkit, nullptr), "cannot drop the pen");
-}
-
-void set_colors(DTKHDDVD* toolkit, u8 fill_alpha, u8 stroke_alpha)
-{
-    check(toolkit->SetFillColor(toolkit, 0x18, 0x9A, 0xA8, fill_alpha), "cannot set the fill colour");
-    check(toolkit->SetStrokeColor(toolkit, 0xC2, 0x2F, 0x7B, stroke_alpha), "cannot set the stroke colour");
+    toolkit.set_fill_color({fill_alpha, 0x18, 0x9A, 0xA8});
+    toolkit.set_stroke_color({stroke_alpha, 0xC2, 0x2F, 0x7B});
 }
 
 /// One stamp, eight times as large, in a field of 24 x 24 pixels.
@@ -56,26 +45,23 @@ void draw_magnified_stamp(IDirectFB* dfb, IDirectFBSurface* sheet, const DTKHDDV
 {
     const Surface field = tools::create_surface(dfb, 24, 16, DSPF_ARGB);
     check(field->Clear(field.get(), 0xF2, 0xF3, 0xF6, 0xFF), "cannot clear the field");
-    const Toolkit toolkit = create_toolkit(dfb, field.get());
-    const Pen pen = set_new_pen(toolkit.get(), shape);
-    check(toolkit->SetStrokeColor(toolkit.get(), 0x30, 0x50, 0x80, 0xFF), "cannot set the stroke colour");
-    check(toolkit->Line(toolkit.get(), 12, 8, 12, 8), "cannot draw a stamp");
-    drop_pen(toolkit.get());
+    Toolkit toolkit = create_toolkit(dfb, field.get());
+    set_new_pen(toolkit, shape);
+    toolkit.set_stroke_color({0xFF, 0x30, 0x50, 0x80});
+    toolkit.line({12, 8}, {12, 8});
     const DFBRectangle place = {x, y, 192, 128};
     check(sheet->StretchBlit(sheet, field.get(), nullptr, &place), "cannot magnify");
 }
 
 void draw_with_pen(IDirectFB* dfb, IDirectFBSurface* sheet, const DTKHDDVDPenShape& shape, int x, int y)
 {
-    const Toolkit toolkit = create_toolkit(dfb, sheet);
-    const Pen pen = set_new_pen(toolkit.get(), shape);
+    Toolkit toolkit = create_toolkit(dfb, sheet);
+    set_new_pen(toolkit, shape);
     const DFBPoint zigzag[] = {
         {x + 10, y + 90}, {x + 53, y + 10}, {x + 96, y + 90}, {x + 139, y + 10}, {x + 182, y + 90}};
-    const DFBRectangle box = {x + 12, y + 120, 168, 90};
-    check(toolkit->SetStrokeColor(toolkit.get(), 0x30, 0x50, 0x80, 0xFF), "cannot set the stroke colour");
-    check(toolkit->Polygon(toolkit.get(), zigzag, 5, 0, DTKHDDVD_STROKE), "cannot draw a polygon");
-    check(toolkit->Ellipse(toolkit.get(), &box, DTKHDDVD_STROKE), "cannot draw an ellipse");
-    drop_pen(toolkit.get());
+    toolkit.set_stroke_color({0xFF, 0x30, 0x50, 0x80});
+    toolkit.polygon(zigzag, Outline::open, Draw::stroke);
+    toolkit.ellipse({x + 12, y + 120, 168, 90}, Draw::stroke);
 }
 
 /// One column a pen: its stamp magnified, and what it draws.
@@ -113,14 +99,13 @@ Surface create_texture(IDirectFB* dfb, u8 alpha)
     return texture;
 }
 
-void draw_textured(DTKHDDVD* toolkit, int x, int y)
+void draw_textured(Toolkit& toolkit, int x, int y)
 {
-    const DFBRectangle box = {x + 190, y, 150, 110}, oval = {x + 370, y, 150, 110};
     const DFBPoint corners[] = {
         {x + 630, y}, {x + 720, y + 40}, {x + 680, y + 110}, {x + 580, y + 110}, {x + 540, y + 40}};
-    check(toolkit->Rectangle(toolkit, &box, both), "cannot draw a rectangle");
-    check(toolkit->Ellipse(toolkit, &oval, both), "cannot draw an ellipse");
-    check(toolkit->Polygon(toolkit, corners, 5, 1, both), "cannot draw a polygon");
+    toolkit.rectangle({x + 190, y, 150, 110}, Draw::both);
+    toolkit.ellipse({x + 370, y, 150, 110}, Draw::both);
+    toolkit.polygon(corners, Outline::closed, Draw::both);
 }
 
 /// One row a texture: the texture magnified, and shapes that are filled with it.
@@ -128,9 +113,9 @@ Sheet draw_patterns(const Platform& platform)
 {
     Sheet sheet(platform.dfb(), 760, 300);
     sheet.fill_checks({10, 10, 740, 280}, 10);
-    const Toolkit toolkit = create_toolkit(platform.dfb(), sheet.surface());
-    const Pen pen = set_new_pen(toolkit.get(), {-2, -2, 2, -2, 2, 2, -2, 2});
-    set_colors(toolkit.get(), 0xFF, 0xFF);
+    Toolkit toolkit = create_toolkit(platform.dfb(), sheet.surface());
+    set_new_pen(toolkit, {-2, -2, 2, -2, 2, 2, -2, 2});
+    set_colors(toolkit, 0xFF, 0xFF);
     int y = 25;
     for (const u8 alpha : {u8(0xFF), u8(0x50)}) {
         const Surface texture = create_texture(platform.dfb(), alpha);
@@ -138,26 +123,23 @@ Sheet draw_patterns(const Platform& platform)
         IDirectFBSurface* surface = sheet.surface();
         check(surface->SetBlittingFlags(surface, DSBLIT_BLEND_ALPHACHANNEL), "cannot blend");
         check(surface->StretchBlit(surface, texture.get(), nullptr, &place), "cannot magnify");
-        check(toolkit->SetFillPattern(toolkit.get(), texture.get()), "cannot set the pattern");
-        draw_textured(toolkit.get(), 0, y);
-        check(toolkit->SetFillPattern(toolkit.get(), nullptr), "cannot drop the pattern");
+        toolkit.set_fill_pattern(texture.get());
+        draw_textured(toolkit, 0, y);
+        toolkit.set_fill_pattern(nullptr);
         y += 140;
     }
-    drop_pen(toolkit.get());
     return sheet;
 }
 
-void draw_translucent(DTKHDDVD* toolkit, int x, int y)
+void draw_translucent(Toolkit toolkit, int x, int y)
 {
-    const Pen pen = set_new_pen(toolkit, {-8, -3, 3, -8, 8, 3, -3, 8});
-    const DFBRectangle box = {x + 30, y + 20, 150, 120}, oval = {x + 130, y + 60, 180, 120};
+    set_new_pen(toolkit, {-8, -3, 3, -8, 8, 3, -3, 8});
     const DFBPoint zigzag[] = {
         {x + 30, y + 230}, {x + 100, y + 160}, {x + 170, y + 230}, {x + 240, y + 160}, {x + 310, y + 230}};
     set_colors(toolkit, 0x80, 0x80);
-    check(toolkit->Rectangle(toolkit, &box, both), "cannot draw a rectangle");
-    check(toolkit->Ellipse(toolkit, &oval, both), "cannot draw an ellipse");
-    check(toolkit->Polygon(toolkit, zigzag, 5, 0, DTKHDDVD_STROKE), "cannot draw a polygon");
-    drop_pen(toolkit);
+    toolkit.rectangle({x + 30, y + 20, 150, 120}, Draw::both);
+    toolkit.ellipse({x + 130, y + 60, 180, 120}, Draw::both);
+    toolkit.polygon(zigzag, Outline::open, Draw::stroke);
 }
 
 /// The same translucent shapes with a scratch pad and without.
@@ -165,10 +147,10 @@ Sheet draw_scratch_pad(const Platform& platform)
 {
     Sheet sheet(platform.dfb(), 700, 290);
     int x = 10;
-    for (const bool has_scratch_pad : {true, false}) {
+    for (const ScratchPad scratch_pad : {ScratchPad::with, ScratchPad::without}) {
         sheet.fill_checks({x, 34, 330, 250}, 10);
-        sheet.write(has_scratch_pad ? "with a scratch pad" : "without", x + 165, 10);
-        draw_translucent(create_toolkit(platform.dfb(), sheet.surface(), has_scratch_pad).get(), x, 34);
+        sheet.write(scratch_pad == ScratchPad::with ? "with a scratch pad" : "without", x + 165, 10);
+        draw_translucent(create_toolkit(platform.dfb(), sheet.surface(), scratch_pad), x, 34);
         x += 350;
     }
     return sheet;
@@ -180,7 +162,7 @@ Sheet draw_back_end(const Platform& platform)
     Sheet sheet(platform.dfb(), 350, 290);
     sheet.fill_checks({10, 34, 330, 250}, 10);
     sheet.write(platform.has_engine() ? "drawing engine" : "software", 175, 10);
-    draw_translucent(create_toolkit(platform.dfb(), sheet.surface()).get(), 10, 34);
+    draw_translucent(create_toolkit(platform.dfb(), sheet.surface()), 10, 34);
     return sheet;
 }
 

@@ -93,7 +93,7 @@ bool shows(cairo_surface_t* image, const ImageFormat* format, const Memory& memo
                                    cairo_image_surface_get_stride(image) == memory.pitch);
 }
 
-/// What lies in `area` or beside it, where cairo rounds, in pixels of the image; the right and lower ends are outside.
+/// What lies in `area`, which may reach to the left or upwards; the right and lower ends of the region are outside.
 DFBRegion clip(const DFBRectangle& area, cairo_surface_t* image)
 {
     const int width = cairo_image_surface_get_width(image), height = cairo_image_surface_get_height(image);
@@ -101,8 +101,8 @@ DFBRegion clip(const DFBRectangle& area, cairo_surface_t* image)
         return static_cast<int>(std::clamp<long long>(position, 0, size));
     };
     const long long x = area.x, y = area.y;
-    return {clamped(x + std::min(area.w, 0) - 1, width), clamped(y + std::min(area.h, 0) - 1, height),
-            clamped(x + std::max(area.w, 0) + 1, width), clamped(y + std::max(area.h, 0) + 1, height)};
+    return {clamped(x + std::min(area.w, 0), width), clamped(y + std::min(area.h, 0), height),
+            clamped(x + std::max(area.w, 0), width), clamped(y + std::max(area.h, 0), height)};
 }
 
 /// Calls `copy_row(format, row, row of the copy, left, right)` for each row that cairo draws on or reads.

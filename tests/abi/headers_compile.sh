@@ -31,6 +31,10 @@ case $language in
                 compile $standard $program -DDIRECTFBPP_H "$@"
             done
         done
+        for exceptions in -fexceptions -fno-exceptions; do
+            compile c++17 cxx_header.cpp $exceptions "$@"
+            compile c++17 cxx_header.cpp $exceptions -DDIRECTFBPP_H "$@"
+        done
         ;;
     *)
         echo "no language is named $language"

@@ -17,9 +17,12 @@ wrong() {
     exit 1
 }
 
-# pkg-config puts a backslash before the blank of the prefix, which only a second reading takes away.
+# compile COMPILER SOURCE [PACKAGE...]: pkg-config puts a backslash before the blank of the prefix, which only a second
+# reading takes away.
 compile() {
-    compiler=$1 source=$2 flags=$(pkg-config --cflags --libs dtkhddvd)
+    compiler=$1 source=$2
+    shift 2
+    flags=$(pkg-config --cflags --libs "${@:-dtkhddvd}")
     eval "$compiler \"\$source\" -o \"\$work/user\" $flags -lm \"-Wl,-rpath,\$libraries\"" ||
         wrong "does not compile: $(basename "$source")"
 }
@@ -34,7 +37,7 @@ case $case_name in
     everything_is_put_in_place)
         rm -rf "$PREFIX"
         "$CMAKE" --install "$BUILD" --prefix "$PREFIX" --strip > "$work/log" || wrong "does not install: $(cat "$work/log")"
-        expect_in_place include/dtkhddvd/dtkhddvd.h include/dtkhddvd/zuvo.h \
+        expect_in_place include/dtkhddvd/dtkhddvd.h include/dtkhddvd/dtkhddvd.hpp include/dtkhddvd/zuvo.h \
             "$LIBRARIES/libdtkhddvd.so.$VERSION" "$LIBRARIES/libzuvo.so.$VERSION" \
             "$LIBRARIES/pkgconfig/dtkhddvd.pc" "$LIBRARIES/cmake/dtkhddvd/dtkhddvdConfig.cmake" \
             bin/dtk_demo bin/dtk_bench bin/test_dtkhd share/man/man1/dtk_demo.1 share/man/man1/dtk_bench.1 \
@@ -61,10 +64,27 @@ case $case_name in
         ;;
     examples_compile)
         for source in "$PREFIX"/share/doc/dtkhddvd/examples/*.c; do
+            [ "${source##*/}" != df_label.c ] || continue
             compile "$CC -Wall -Wextra -Werror" "$source"
             mkdir "$work/$(basename "$source")"
             "$work/user" "$headless" --dump "$work/$(basename "$source")" || wrong "fails: $source"
             [ -n "$(ls "$work/$(basename "$source")")" ] || wrong "leaves no picture: $source"
+        done
+        ;;
+    pango_draws_beside_it)
+        for order in 'dtkhddvd pangocairo' 'pangocairo dtkhddvd'; do
+            # shellcheck disable=SC2086 # The packages are split.
+            compile "$CC -Wall -Wextra -Werror" "$PREFIX/share/doc/dtkhddvd/examples/df_label.c" $order
+            mkdir "$work/$order"
+            "$work/user" "$headless" --dump "$work/$order" || wrong "fails: $order"
+        done
+        cmp "$work"/dtk*/*.ppm* "$work"/pango*/*.ppm* || wrong "the order of linking shows"
+        ;;
+    pycairo_draws_beside_it)
+        for order in 'cairo df_rosette' 'df_rosette cairo'; do
+            # shellcheck disable=SC2086 # The modules are split.
+            LD_LIBRARY_PATH="$libraries" "$PYTHON" "$here/beside_pycairo.py" "$PREFIX/share/doc/dtkhddvd/examples" \
+                "$headless" $order || wrong "fails: $order"
         done
         ;;
     programs_run)

@@ -1,9 +1,9 @@
-// Draws a patterned polygon, which needs cairo, through the installed library and looks at one pixel of it.
+// Draws a patterned polygon, which needs cairo, through the installed library's C++ interface and looks at one pixel of it.
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
 
-#include <dtkhddvd.h>
+#include <dtkhddvd.hpp>
 
 namespace {
 
@@ -38,12 +38,11 @@ std::uint32_t pixel_at(IDirectFBSurface* surface, int x, int y)
     return pixel;
 }
 
-void draw(DTKHDDVD* toolkit, IDirectFBSurface* texture)
+void draw(dtkhddvd::ThrowingToolkit toolkit, IDirectFBSurface* texture)
 {
     const DFBPoint corners[] = {{4, 4}, {60, 4}, {4, 60}};
-    check(toolkit->SetFillPattern(toolkit, texture));
-    check(toolkit->Polygon(toolkit, corners, 3, 1, DTKHDDVD_FILL));
-    check(toolkit->SetFillPattern(toolkit, nullptr));
+    toolkit.set_fill_pattern(texture);
+    toolkit.polygon(corners, dtkhddvd::Outline::closed, dtkhddvd::Draw::fill);
 }
 
 } // namespace
@@ -56,11 +55,7 @@ int main(int argc, char** argv)
     IDirectFBSurface* surface = create_surface(dfb, 0);
     IDirectFBSurface* texture = create_surface(dfb, 0xC0);
 
-    DTKHDDVD* toolkit = nullptr;
-    check(CreateDrawingToolkit_HDDVD(dfb, surface, 1, &toolkit));
-    draw(toolkit, texture);
-    toolkit->Release(toolkit);
-
+    draw(dtkhddvd::ThrowingToolkit::create(dfb, surface, dtkhddvd::ScratchPad::with), texture);
     const std::uint32_t inside = pixel_at(surface, 10, 10), outside = pixel_at(surface, 50, 50);
     texture->Release(texture);
     surface->Release(surface);
