@@ -1,5 +1,7 @@
 #include "accel/accel.h"
 #include "directfb_core.h"
+#include "directfb_part.h"
+#include "engine/parts.h"
 #include "platform.h"
 #include "words.h"
 #include "zuvo.h"
@@ -53,4 +55,16 @@ int zuvo_dfb_ext_layer_get(unsigned int layer, zuvo_dfb_ext_layer_settings* sett
     *settings = {};
     settings->layer_id = directfb_layer_id;
     return ZUVO_OK;
+}
+
+DFBResult zuvo_dtk_get_part_handle(IDirectFBSurface* surface, unsigned int* ret_handle)
+{
+    DirectFBPart part;
+    if (!directfb_get_part(surface, &part))
+        return DFB_UNSUPPORTED;
+    const unsigned int handle = zuvo::handle_of_part(part);
+    if (!handle)
+        return DFB_NOSYSTEMMEMORY;
+    *ret_handle = handle;
+    return DFB_OK;
 }

@@ -104,7 +104,8 @@ int zuvo_dfb_ext_layer_get(unsigned int layer, zuvo_dfb_ext_layer_settings *sett
  * @name The drawing engine
  *
  * It holds one output surface, one fill (a colour or a pattern) and one pen at a time, and draws with them straight onto
- * the output surface. A surface is named by its engine handle, see zuvo_dtk_surface_handle.
+ * the output surface. A surface is named by its engine handle, see zuvo_dtk_surface_handle. It is for one thread at a
+ * time: several take turns, each from setting the output surface to the end of the drawing.
  * @{
  */
 
