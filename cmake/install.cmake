@@ -5,8 +5,12 @@ include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/dtkhddvd)
 
 set(programs dtk_bench dtk_demo test_dtkhd)
+
+# An rpath that CMake is to change at the installation ends with an empty entry, which is the current folder. So these
+# files are linked with rpaths that serve in both places.
 set_target_properties(dtkhddvd PROPERTIES INSTALL_RPATH $ORIGIN)
-set_target_properties(${programs} PROPERTIES INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
+set_target_properties(${programs} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
+set_target_properties(dtkhddvd zuvo ${programs} PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
 
 install(TARGETS dtkhddvd EXPORT dtkhddvd
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development

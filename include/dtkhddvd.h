@@ -12,7 +12,8 @@
  *   standard error.
  * - Records are reference counted. Who creates one owns one reference and gives it back with Release.
  * - Nothing is locked: a toolkit, its pens and its surfaces belong to one drawing thread, and two toolkits must not
- *   draw at the same moment.
+ *   draw at the same moment, even in different threads: they share the stamps that wait and the drawing engine. Toolkits
+ *   of several threads take turns under a lock of the application's. Other threads may use DirectFB meanwhile.
  *
  * DirectFB has to be initialised by the application; this library never does so and reads no configuration.
  */
@@ -103,7 +104,8 @@ struct DTKHDDVDPen {
  * @param surface         What to draw on, or NULL to attach a surface later. It must lie wholly inside its parent if
  *                        it is a sub-surface, and outlive the attachment.
  * @param use_scratch_pad Not 0: translucent and textured drawing goes through an off-screen surface of the same size
- *                        and blends onto the target once per primitive. 0: colours are stored as they are.
+ *                        and blends onto the target once per primitive. 0: colours are stored as they are. The drawing
+ *                        engine blends either way and leaves the surface unused.
  * @param ret_interface   Receives the toolkit, owned by the caller, or NULL when the creation fails.
  * @return DTKHDDVD_INIT without memory, DTKHDDVD_FAILURE when the _HW form finds no engine, DTKHDDVD_INVARG when
  *         @p ret_interface is NULL or @p dfb is NULL with a surface, or the result of a failing DirectFB call.
@@ -167,7 +169,8 @@ DFBResult DTKHDDVD_SetFillColor_HW(DTKHDDVD *thiz, u8 r, u8 g, u8 b, u8 a);
  *
  * @param texture A surface that is neither indexed nor the target itself, and that the application does not hold
  *                locked while the toolkit draws; NULL goes back to the fill colour. Keep it alive while it is set.
- * @return DTKHDDVD_FAILURE when the texture cannot be used; there is then no pattern.
+ * @return In software DTKHDDVD_FAILURE when the texture cannot be used; there is then no pattern. The drawing engine's
+ *         toolkit always returns DTKHDDVD_OK: a texture that the engine cannot use makes the drawing with it fail.
  */
 DFBResult DTKHDDVD_SetFillPattern(DTKHDDVD *thiz, IDirectFBSurface *texture);
 DFBResult DTKHDDVD_SetFillPattern_SW(DTKHDDVD *thiz, IDirectFBSurface *texture);
@@ -311,7 +314,8 @@ DFBResult stamp_ellipse(IDirectFBSurface *dest, const DFBRectangle *rect, IDirec
 DFBResult fill_ellipse_argb(IDirectFBSurface *dest, const DFBRectangle *rect, const DFBRectangle *clip, u32 color);
 
 /**
- * Fills an ellipse on a surface of 8 bits per pixel.
+ * Fills an ellipse on a surface of 8 bits per pixel, indexed or not. The number of bits is all it looks at: of a planar
+ * format such as YV12 it writes the first plane.
  *
  * @param color The palette index, in its low byte.
  * @return DTKHDDVD_UNSUPPORTED for another pixel format, else the result of filling the ellipse's central block: a

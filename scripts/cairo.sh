@@ -43,7 +43,7 @@ put_in_place() {
         mv "$work/stage$cairo" "$cairo"
 }
 
-locked "$cache/lock" ", or set XDG_CACHE_HOME to another one"
+lock_cache
 "$root/scripts/packages.sh" build cairo
 if [ -e "$cairo/lib/libcairo.so.2" ] && [ -e "$cairo/lib/pkgconfig/cairo-directfb.pc" ]; then
     exit 0

@@ -20,7 +20,6 @@ case $cache in
     *[[:space:]\"\'\\\`\$\&\#\;\|]*)
         cache=/var/tmp/dtkhddvd-$(id -u)
         mkdir -m 700 "$cache" 2>/dev/null || :
-        [ -O "$cache" ] || fail "$cache belongs to somebody else: set XDG_CACHE_HOME to a folder without blanks"
         ;;
 esac
 
@@ -47,6 +46,14 @@ locked() {
         say "waiting for another run to finish ..."
         flock 9
     }
+}
+
+# What lies in the cache is run later on, so neither the folder nor a link that leads to it may be somebody else's.
+lock_cache() {
+    mkdir -p "$cache" 2>/dev/null || fail "cannot write $cache: make its folder writable, or set XDG_CACHE_HOME to another one"
+    { [ -O "$cache" ] && [ "$(stat -c %u "$cache")" = "$(stat -L -c %u "$cache")" ]; } ||
+        fail "$cache belongs to somebody else: set XDG_CACHE_HOME to a folder of your own, without blanks in its name"
+    locked "$cache/lock" ", or set XDG_CACHE_HOME to another one"
 }
 
 # A service that a package starts would keep the lock for ever, hence the closed descriptor.

@@ -3,5 +3,5 @@
 set -eu
 . "$(dirname "$0")/common.sh"
 
-locked "$cache/lock" ", or set XDG_CACHE_HOME to another one"
+lock_cache
 "$root/scripts/packages.sh" "$@"

@@ -17,7 +17,7 @@ fi
 
 # A process of its own, so that the cache's lock is given back.
 prepare() (
-    locked "$cache/lock" ", or set XDG_CACHE_HOME to another one"
+    lock_cache
     "$root/scripts/packages.sh" build "$target"
     "$root/scripts/$kind.sh" "$target"
 )

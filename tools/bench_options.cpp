@@ -87,10 +87,10 @@ void apply(int letter, const char* value, BenchOptions& options)
         options.only = value;
         break;
     case 'c':
-        options.csv = value;
+        options.csv = parse_path("--csv", value);
         break;
     case 'd':
-        options.dump = value;
+        options.dump = parse_path("--dump", value);
         break;
     case 'b':
         options.back_end = back_end_named(value);

@@ -77,7 +77,7 @@ void apply(int letter, const char* value, DemoOptions& options)
         parse_size(value, options);
         break;
     case 'p':
-        options.png = value;
+        options.png = parse_path("--png", value);
         break;
     case 'b':
         options.back_end = back_end_named(value);

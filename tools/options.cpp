@@ -42,6 +42,13 @@ void read_options(std::vector<char*> arguments, const option* known,
                                     "'");
 }
 
+const char* parse_path(const char* name, const char* text)
+{
+    if (!*text)
+        throw std::invalid_argument(std::string(name) + " takes a path, not ''");
+    return text;
+}
+
 double parse_number(const char* name, const char* text, double smallest, const char* wanted)
 {
     char* end = nullptr;

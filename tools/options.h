@@ -19,6 +19,11 @@ std::vector<char*> other_arguments(int argc, char** argv, std::vector<std::strin
 void read_options(std::vector<char*> arguments, const option* known,
                   const std::function<void(int letter, const char* value)>& apply);
 
+/// Takes the path of a file or a folder, which may be anything but empty.
+///
+/// @throws std::invalid_argument "<name> takes a path, not ''".
+const char* parse_path(const char* name, const char* text);
+
 /// Reads a number from @p smallest to 1000000000, all of @p text.
 ///
 /// @throws std::invalid_argument "<name> takes <wanted>, not '<text>'".

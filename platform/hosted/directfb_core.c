@@ -1,5 +1,6 @@
 #include "directfb_core.h"
 
+#include <assert.h>
 #include <stdio.h>
 #include <stdlib.h>
 
@@ -63,6 +64,12 @@ static const CoreSurface *look_up(FusionObjectPool *surfaces, DFBSurfaceID id)
     return surface;
 }
 
+/** Rows of a surface that keeps its two fields apart lie elsewhere; it counts as of no known format. */
+static DFBSurfacePixelFormat format_of(const CoreSurface *surface)
+{
+    return surface->config.caps & DSCAPS_SEPARATED ? DSPF_UNKNOWN : surface->config.format;
+}
+
 /** Every operation asks this first. The pool's lock spares the two of a reference that comes and goes. */
 DirectFBCoreAnswer directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelFormat *ret_format)
 {
@@ -74,7 +81,7 @@ DirectFBCoreAnswer directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelForm
 
     surface = look_up(surfaces, id);
     if (surface)
-        *ret_format = surface->config.format;
+        *ret_format = format_of(surface);
     fusion_skirmish_dismiss(&surfaces->lock);
     return surface ? DIRECTFB_CORE_OK : DIRECTFB_CORE_UNKNOWN;
 }
@@ -85,6 +92,7 @@ DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, Dire
     CoreSurface *surface;
     CoreSurfaceBufferLock *lock = &opened[use].lock;
 
+    assert(!opened[use].surface); /* Two threads draw with the engine otherwise. */
     if (!core_dfb || dfb_core_get_surface(core_dfb, id, &surface) != DFB_OK)
         return DIRECTFB_CORE_UNKNOWN;
 
@@ -98,7 +106,7 @@ DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, Dire
     ret_pixels->pitch = lock->pitch;
     ret_pixels->width = surface->config.size.w;
     ret_pixels->height = surface->config.size.h;
-    ret_pixels->format = surface->config.format;
+    ret_pixels->format = format_of(surface);
     return DIRECTFB_CORE_OK;
 }
 
@@ -106,7 +114,43 @@ void directfb_core_close(DirectFBCoreUse use)
 {
     dfb_surface_unlock_buffer(opened[use].surface, &opened[use].lock);
     dfb_surface_unref(opened[use].surface);
+    opened[use].surface = NULL;
 }
+
+/* DirectFB 1.7 never joins the thread that hands out Fusion's messages, and it is not told to the outside. DirectFB2 does
+ * both by itself and does not have the header. */
+#if __has_include(<fusion/fusion_internal.h>)
+
+#include <direct/thread.h>
+#include <fusion/fusion_internal.h>
+
+static DirectThread *dispatcher;
+
+void directfb_core_note_start(void)
+{
+    dispatcher = core_dfb ? core_dfb->world->event_dispatcher_thread : NULL;
+}
+
+void directfb_core_await_end(void)
+{
+    if (!dispatcher || core_dfb)
+        return;
+    direct_thread_join(dispatcher);
+    direct_thread_destroy(dispatcher);
+    dispatcher = NULL;
+}
+
+#else
+
+void directfb_core_note_start(void)
+{
+}
+
+void directfb_core_await_end(void)
+{
+}
+
+#endif
 
 bool directfb_core_clip_line(const DFBRegion *clip, DFBRegion *line)
 {

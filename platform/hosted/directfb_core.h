@@ -21,6 +21,15 @@ extern "C" {
  */
 void directfb_core_complete_options(int width, int height, bool has_window);
 
+/** To be called when DirectFB has started. */
+void directfb_core_note_start(void);
+
+/**
+ * Waits until a DirectFB that has come to its end since it was started has ended its last thread: a new start would meet
+ * it. Returns at once while DirectFB is running.
+ */
+void directfb_core_await_end(void);
+
 /** What a surface is opened for: each is open at most once at a time. */
 typedef enum DirectFBCoreUse {
     DIRECTFB_CORE_TARGET,

@@ -1,5 +1,7 @@
 #include "accel/accel.h"
 #include "directfb_core.h"
+#include "directfb_part.h"
+#include "engine/parts.h"
 #include "platform.h"
 #include "window/window.h"
 #include "words.h"
@@ -28,11 +30,15 @@ IDirectFB* zuvo_dfb_ext_open_with_params(unsigned int, int* argc, char*** argv)
         accel_register();
 
     IDirectFB* dfb = nullptr;
-    return DirectFBCreate(&dfb) == DFB_OK ? dfb : nullptr;
+    if (DirectFBCreate(&dfb) != DFB_OK)
+        return nullptr;
+    directfb_core_note_start();
+    return dfb;
 }
 
 void zuvo_dfb_ext_close(void)
 {
+    directfb_core_await_end();
 }
 
 unsigned int zuvo_dfb_ext_layer_open(unsigned int layer)
@@ -50,4 +56,16 @@ int zuvo_dfb_ext_layer_get(unsigned int layer, zuvo_dfb_ext_layer_settings* sett
     *settings = {};
     settings->layer_id = directfb_layer_id;
     return ZUVO_OK;
+}
+
+DFBResult zuvo_dtk_get_part_handle(IDirectFBSurface* surface, unsigned int* ret_handle)
+{
+    DirectFBPart part;
+    if (!directfb_get_part(surface, &part))
+        return DFB_UNSUPPORTED;
+    const unsigned int handle = zuvo::handle_of_part(part);
+    if (!handle)
+        return DFB_NOSYSTEMMEMORY;
+    *ret_handle = handle;
+    return DFB_OK;
 }

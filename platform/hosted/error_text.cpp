@@ -33,6 +33,8 @@ const char* zuvo_error_text(int error)
         return "the pen is too large";
     case ZUVO_NO_MEMORY:
         return "no memory";
+    case ZUVO_EMPTY_RECTANGLE:
+        return "the rectangle has no width or no height";
     default:
         return "unknown error";
     }

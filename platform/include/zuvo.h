@@ -27,14 +27,16 @@ enum zuvo_error {
     ZUVO_NULL_ARGUMENT = 0x104,
     ZUVO_NO_SUCH_ENGINE = 0x201,        /**< The engine handle is wrong. */
     ZUVO_NO_SUCH_SURFACE = 0x202,       /**< The surface handle is unknown, or the surface was released. */
-    ZUVO_WRONG_PIXEL_FORMAT = 0x203,    /**< The engine draws onto DSPF_ARGB and DSPF_RGB32 only. */
+    ZUVO_WRONG_PIXEL_FORMAT = 0x203,    /**< The engine draws onto DSPF_ARGB and DSPF_RGB32 only, and not onto surfaces
+                                             that keep their two fields apart (DSCAPS_SEPARATED). */
     ZUVO_NO_OUTPUT = 0x204,             /**< No output surface is set, or the last attempt to set one failed. */
     ZUVO_NO_FILL = 0x205,               /**< No fill is set, or the last attempt to set one failed. */
     ZUVO_NO_PEN = 0x206,                /**< No pen is set, or the last attempt to set one failed. */
     ZUVO_LOCK_FAILED = 0x207,           /**< A surface's memory cannot be reached. */
     ZUVO_PATTERN_IS_OUTPUT = 0x208,     /**< A surface cannot be filled with itself. */
     ZUVO_PEN_TOO_LARGE = 0x209,         /**< A pen's corners are more than 4096 pixels apart. */
-    ZUVO_NO_MEMORY = 0x20a
+    ZUVO_NO_MEMORY = 0x20a,
+    ZUVO_EMPTY_RECTANGLE = 0x20b        /**< A rectangle, or a border one pixel wide, without width or height. */
 };
 
 /** Answers the text of an error, a string that is never given back. */
@@ -85,7 +87,10 @@ typedef struct zuvo_dfb_ext_layer_settings {
  */
 IDirectFB *zuvo_dfb_ext_open_with_params(unsigned int mode, int *argc, char ***argv);
 
-/** Ends the platform's side of DirectFB; the interface is released before. */
+/**
+ * Ends the platform's side of DirectFB; the interface is released before. After it, and not sooner, DirectFB may be
+ * started again in the same process.
+ */
 void zuvo_dfb_ext_close(void);
 
 /** Opens the platform's graphics layer @p layer and answers its handle, 0 when there is none. */
@@ -99,7 +104,8 @@ int zuvo_dfb_ext_layer_get(unsigned int layer, zuvo_dfb_ext_layer_settings *sett
  * @name The drawing engine
  *
  * It holds one output surface, one fill (a colour or a pattern) and one pen at a time, and draws with them straight onto
- * the output surface. A surface is named by its engine handle, see zuvo_dtk_surface_handle.
+ * the output surface. A surface is named by its engine handle, see zuvo_dtk_surface_handle. It is for one thread at a
+ * time: several take turns, each from setting the output surface to the end of the drawing.
  * @{
  */
 
@@ -153,12 +159,25 @@ int zuvo_dtk_draw_ellipse_border(unsigned int dtk, const DFBRectangle *rect, uns
 int zuvo_dtk_draw_polygon(unsigned int dtk, const DFBPoint *points, unsigned int num_points, unsigned int reserved);
 
 /**
- * Tells the engine's handle of a surface: the platform's extension method of IDirectFBSurface, here GetID.
+ * Tells the engine's handle of a part of a surface, as IDirectFBSurface::GetSubSurface makes one. Optional: a platform
+ * whose engine knows whole surfaces alone leaves it out.
+ *
+ * @param surface    Any interface. If it is not one of DirectFB's own, nothing but its slot GetID is looked at.
+ * @param ret_handle Written on success only.
+ * @return DFB_UNSUPPORTED for a whole surface and for an interface that is not DirectFB's own: GetID answers for these.
+ */
+DFBResult zuvo_dtk_get_part_handle(IDirectFBSurface *surface, unsigned int *ret_handle) __attribute__((weak));
+
+/**
+ * Tells the engine's handle of a surface: that of a part where the platform has such, else by the platform's extension
+ * method of IDirectFBSurface, here GetID, which DirectFB answers with the whole surface.
  *
  * @param ret_handle Written on success only.
  */
 static inline DFBResult zuvo_dtk_surface_handle(IDirectFBSurface *surface, unsigned int *ret_handle)
 {
+    if (zuvo_dtk_get_part_handle && zuvo_dtk_get_part_handle(surface, ret_handle) == DFB_OK)
+        return DFB_OK;
     return surface->GetID(surface, ret_handle);
 }
 

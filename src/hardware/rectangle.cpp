@@ -6,10 +6,11 @@ using namespace dtk;
 
 namespace {
 
-/// What does not blend is drawn only when DirectFB's own earlier work is complete.
+/// What does not blend is drawn only when DirectFB's own earlier work is complete. A toolkit that was made without
+/// DirectFB has none to wait for.
 void wait_unless_blending(const DTKHDDVD_data& toolkit, u32 flags)
 {
-    if (!needs_blending(toolkit, flags, toolkit.has_fill_pattern))
+    if (toolkit.dfb && !needs_blending(toolkit, flags, toolkit.has_fill_pattern))
         toolkit.dfb->WaitIdle(toolkit.dfb);
 }
 

@@ -35,9 +35,13 @@ DFBResult DTKHDDVD_SetFillPattern_HW(DTKHDDVD* thiz, IDirectFBSurface* texture)
 {
     if (!thiz)
         return result::thiz_null;
-    thiz->priv->has_fill_pattern = texture != nullptr;
-    thiz->priv->fill_pattern_handle = 0;
-    if (texture)
-        zuvo_dtk_surface_handle(texture, &thiz->priv->fill_pattern_handle);
+    DTKHDDVD_data& toolkit = *thiz->priv;
+    if (!texture) {
+        toolkit.has_fill_pattern = 0;
+        toolkit.fill_pattern_handle = 0;
+        return result::ok;
+    }
+    zuvo_dtk_surface_handle(texture, &toolkit.fill_pattern_handle);
+    toolkit.has_fill_pattern = 1;
     return result::ok;
 }

@@ -1,6 +1,7 @@
 #include "pen/batch.h"
 
 #include <algorithm>
+#include <cassert>
 
 DFBRectangle batch_rectangles[DTKHDDVD_BATCH_SIZE];
 DFBPoint batch_points[DTKHDDVD_BATCH_SIZE];
@@ -28,6 +29,7 @@ DFBResult StampBatch::send(int count, bool is_first)
     // All rectangles are the same, and the first batch is the longest.
     if (is_first)
         std::fill_n(batch_rectangles, count, batch_source_rect);
+    assert(batch_n_blits == 0); // Two toolkits draw at the same moment otherwise.
     batch_n_blits = count;
     const DFBResult result = batch_dest->BatchBlit(batch_dest, batch_source, batch_rectangles, batch_points, count);
     batch_n_blits = 0;

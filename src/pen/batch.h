@@ -2,6 +2,7 @@
 #define DTK_PEN_BATCH_H
 
 #include "dtkhddvd.h"
+#include "pen/line_walk.h"
 
 #include <cstddef>
 
@@ -32,10 +33,30 @@ public:
         send_if_full();
     }
 
+    /// The coordinates of points whose stamps may be seen: no surface reaches as far as a stamp that begins further away
+    /// from its corner than this, and none is queued there.
+    Range near_columns() const { return {start_.half_width - reach, start_.half_width + reach}; }
+    Range near_rows() const { return {start_.half_height - reach, start_.half_height + reach}; }
+
+    /// Whether all points between two corners have such stamps.
+    bool is_near(long long left, long long top, long long right, long long bottom) const
+    {
+        return near_columns().contains(left) && near_columns().contains(right) && near_rows().contains(top) &&
+               near_rows().contains(bottom);
+    }
+
+    void add_if_near(long long x, long long y)
+    {
+        if (near_columns().contains(x) && near_rows().contains(y))
+            add(static_cast<int>(x), static_cast<int>(y));
+    }
+
     /// Sends what is left. The result is that of the last DirectFB call.
     DFBResult finish() { return count_ ? send(static_cast<int>(count_), is_first_) : result_; }
 
 private:
+    static constexpr long long reach = 65536;
+
     struct Start {
         int half_width, half_height;
         DFBResult result;

@@ -36,6 +36,9 @@ DFBResult create_software_pen(const DTKHDDVD_data& toolkit, const DTKHDDVDPenSha
 {
     if (!shape || !ret_pen)
         return result::invalid_argument;
+    *ret_pen = nullptr;
+    if (!toolkit.dfb)
+        return result::invalid_argument;
 
     *ret_pen = allocate_pen();
     if (!*ret_pen)

@@ -1,11 +1,50 @@
 #include "pen/batch.h"
 #include "raster/ellipse_walk.h"
 
+#include <cstdlib>
+
+namespace {
+
+struct Centre {
+    long long x, y;
+};
+
+/// An ellipse is walked as a whole, since how its steps are rounded belongs to it; only stamps that may be seen are queued.
+DFBResult stamp_far(const DFBRectangle& rect, const Centre& centre, dtk::StampBatch& batch)
+{
+    const auto stamp_row = [&](long long x, long long y) {
+        batch.add_if_near(centre.x + x, centre.y + y);
+        batch.add_if_near(centre.x - x, centre.y + y);
+    };
+    const auto stamp_poles = [&](long long pole) {
+        batch.add_if_near(centre.x, centre.y + pole);
+        batch.add_if_near(centre.x, centre.y - pole);
+    };
+    dtk::walk_ellipse(rect, 1LL, stamp_poles, [&](long long x, long long y) {
+        stamp_row(x, y);
+        stamp_row(x, -y);
+    });
+    return batch.finish();
+}
+
+/// Whether all stamps may be seen. The walk may end one column beyond the half axis.
+bool is_near(const DFBRectangle& rect, const Centre& centre, const dtk::StampBatch& batch)
+{
+    const long long a = std::abs(rect.w / 2LL) + 1, b = std::abs(rect.h / 2LL) + 1;
+    return batch.is_near(centre.x - a, centre.y - b, centre.x + a, centre.y + b);
+}
+
+} // namespace
+
 DFBResult stamp_ellipse(IDirectFBSurface* dest, const DFBRectangle* rect, IDirectFBSurface* pen_surface)
 {
-    const int cx = rect->x + rect->w / 2;
-    const int cy = rect->y + rect->h / 2;
+    const Centre centre = {0LL + rect->x + rect->w / 2, 0LL + rect->y + rect->h / 2};
     dtk::StampBatch batch(dest, pen_surface);
+    if (!is_near(*rect, centre, batch))
+        return stamp_far(*rect, centre, batch);
+
+    const int cx = static_cast<int>(centre.x);
+    const int cy = static_cast<int>(centre.y);
     dtk::walk_ellipse(
         *rect, 1, [&](int pole) { batch.add_pair(cx, cy + pole, cx, cy - pole); },
         [&](int x, int y) {

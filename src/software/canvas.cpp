@@ -26,6 +26,22 @@ void renew_context(const DTKHDDVD_data& toolkit, const Canvas& canvas)
     canvas.context = create_context(toolkit.dfb, canvas.surface, &canvas.context_surface);
 }
 
+struct Extent {
+    int origin, size;
+};
+
+/// A length that a rectangle cannot hold is cut where no surface reaches.
+Extent saturate(long long first, long long last)
+{
+    constexpr long long far_away = 1LL << 29;
+    const auto fits = [](long long number) { return number == static_cast<int>(number); };
+    if (!fits(first) || !fits(last - first + 1)) {
+        first = std::clamp(first, -far_away, far_away);
+        last = std::clamp(last, -far_away, far_away);
+    }
+    return {static_cast<int>(first), static_cast<int>(last - first + 1)};
+}
+
 /// Locks the pixels of what a context or a pattern works on, which is renewed first if they have become stale.
 template <typename Object, typename Renew>
 DFBResult lock_current_pixels(Object*& object, const DFBRectangle& area, LockedPixels& ret_locked, Renew&& renew)
@@ -97,6 +113,13 @@ DFBResult get_pen_surface(const DTKHDDVD_data& toolkit, Ref<IDirectFBSurface>& s
     return surface ? result::ok : result::failure;
 }
 
+DFBRectangle covering(long long left, long long top, long long right, long long bottom)
+{
+    const auto [x, w] = saturate(left, right);
+    const auto [y, h] = saturate(top, bottom);
+    return {x, y, w, h};
+}
+
 DFBRectangle stamped_area(const DFBRectangle& rect, int pen_width, int pen_height)
 {
     return {std::max(rect.x - pen_width / 2 - 1, 0), std::max(rect.y - pen_height / 2 - 1, 0),
@@ -127,9 +150,11 @@ DFBResult set_color(const Canvas& canvas, const DFBColor& color)
 
 void set_pattern_source(const DTKHDDVD_data& toolkit, const Canvas& canvas, int x, int y)
 {
+    const DFBPoint origin = pattern_origin(toolkit.texture, {x, y});
+
     // The matrix leads from the surface to the texture.
     cairo_matrix_t matrix;
-    cairo_matrix_init_translate(&matrix, -static_cast<double>(x), -static_cast<double>(y));
+    cairo_matrix_init_translate(&matrix, -static_cast<double>(origin.x), -static_cast<double>(origin.y));
     cairo_pattern_set_matrix(toolkit.fill_pattern, &matrix);
     cairo_set_source(canvas.context, toolkit.fill_pattern);
 }

@@ -29,6 +29,9 @@ bool has_wide_pen(const DTKHDDVD_data& toolkit);
 /// Gets the current pen's picture; a pen without one cannot draw an outline.
 DFBResult get_pen_surface(const DTKHDDVD_data& toolkit, Ref<IDirectFBSurface>& surface);
 
+/// The rectangle between two corners, both of them included.
+DFBRectangle covering(long long left, long long top, long long right, long long bottom);
+
 /// The area that a pen of this size touches around `rect`. It does not begin left of or above the surface.
 DFBRectangle stamped_area(const DFBRectangle& rect, int pen_width, int pen_height);
 

@@ -3,6 +3,8 @@
 #include "toolkit/report.h"
 #include "toolkit/trace.h"
 
+#include <algorithm>
+
 using namespace dtk;
 
 namespace {
@@ -54,14 +56,25 @@ DFBResult outline_stamped(const DTKHDDVD_data& toolkit, const DFBRectangle& box,
     return stamp_ellipse(canvas.surface, &box, pen_surface.get());
 }
 
+/// The area of a thin outline and of a fill below it. The pole of a box one pixel wide or high lies beside it, and the
+/// walks through a box of no or negative size go around its middle, at most two pixels beyond the half axes.
+DFBRectangle outlined_area(const DFBRectangle& box)
+{
+    if (box.w > 0 && box.h > 0)
+        return {box.x, box.y, std::max(box.w, 2), std::max(box.h, 2)};
+    const DFBRectangle rect = inner(box);
+    const long long cx = rect.x + rect.w / 2, cy = rect.y + rect.h / 2;
+    const long long reach_x = std::abs(rect.w / 2LL) + 2, reach_y = std::abs(rect.h / 2LL) + 2;
+    return covering(cx - reach_x, cy - reach_y, cx + reach_x, cy + reach_y);
+}
+
 /// The exported rasteriser never clips; here its box may lie anywhere.
 DFBResult outline_thin(const DTKHDDVD_data& toolkit, const DFBRectangle& box, Canvas& canvas)
 {
     const DFBRectangle rect = inner(box);
     const u32 color = color_word(toolkit.palette[stroke_index]);
 
-    // The pole of a box one pixel wide or high lies beside it.
-    canvas.dirty = {box.x, box.y, box.w == 1 ? 2 : box.w, box.h == 1 ? 2 : box.h};
+    canvas.dirty = outlined_area(box);
     DFBDimension size = {0, 0};
     if (DFBResult result = canvas.surface->GetSize(canvas.surface, &size.w, &size.h))
         return result;

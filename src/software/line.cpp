@@ -1,4 +1,5 @@
 #include "software/canvas.h"
+#include "software/thin_line.h"
 #include "toolkit/report.h"
 #include "toolkit/trace.h"
 
@@ -15,11 +16,10 @@ struct Line {
 /// The area around a line; the pen's reach is half its size and one pixel more.
 DFBRectangle stamped_line_area(const Line& line, int pen_width, int pen_height)
 {
-    const int reach_x = pen_width / 2 + 1;
-    const int reach_y = pen_height / 2 + 1;
-    const int x = std::min(line.x1, line.x2) - reach_x;
-    const int y = std::min(line.y1, line.y2) - reach_y;
-    return {x, y, std::max(line.x1, line.x2) + reach_x - x, std::max(line.y1, line.y2) + reach_y - y};
+    const long long reach_x = pen_width / 2 + 1;
+    const long long reach_y = pen_height / 2 + 1;
+    return covering(std::min(line.x1, line.x2) - reach_x, std::min(line.y1, line.y2) - reach_y,
+                    std::max(line.x1, line.x2) + reach_x - 1, std::max(line.y1, line.y2) + reach_y - 1);
 }
 
 DFBResult draw_stamped(const DTKHDDVD_data& toolkit, const Line& line, Canvas& canvas)
@@ -44,10 +44,10 @@ DFBResult draw_thin(const DTKHDDVD_data& toolkit, const Line& line, Canvas& canv
 {
     const auto [left, right] = std::minmax(line.x1, line.x2);
     const auto [top, bottom] = std::minmax(line.y1, line.y2);
-    canvas.dirty = {left, top, right - left + 1, bottom - top + 1};
+    canvas.dirty = covering(left, top, right, bottom);
     if (DFBResult result = set_color(canvas, toolkit.palette[stroke_index]))
         return result;
-    return canvas.surface->DrawLine(canvas.surface, line.x1, line.y1, line.x2, line.y2);
+    return draw_thin_line(canvas.surface, {line.x1, line.y1}, {line.x2, line.y2});
 }
 
 DFBResult draw_line(DTKHDDVD_data& toolkit, const Line& line)

@@ -67,9 +67,26 @@ DFBResult set_fill_pattern(DTKHDDVD_data& toolkit, IDirectFBSurface* texture)
     return result::ok;
 }
 
+/// Patterns that begin further to the left or above are beyond cairo's numbers, and it draws nothing.
+constexpr int least_origin = -32765;
+
+int nearest_origin(int origin, int tile)
+{
+    return origin < least_origin && tile > 0 ? origin % tile : origin;
+}
+
 } // namespace
 
 namespace dtk {
+
+DFBPoint pattern_origin(IDirectFBSurface* texture, const DFBPoint& origin)
+{
+    if (origin.x >= least_origin && origin.y >= least_origin)
+        return origin;
+    DFBDimension tile = {0, 0};
+    texture->GetSize(texture, &tile.w, &tile.h);
+    return {nearest_origin(origin.x, tile.w), nearest_origin(origin.y, tile.h)};
+}
 
 void renew_fill_pattern(DTKHDDVD_data& toolkit)
 {

@@ -1,4 +1,5 @@
 #include "software/canvas.h"
+#include "software/thin_line.h"
 #include "toolkit/report.h"
 #include "toolkit/trace.h"
 
@@ -25,11 +26,6 @@ DFBRegion corners(const Polygon& polygon)
     return box;
 }
 
-DFBRectangle covering(const DFBRegion& box)
-{
-    return {box.x1, box.y1, box.x2 - box.x1 + 1, box.y2 - box.y1 + 1};
-}
-
 void add_path(const Polygon& polygon, cairo_t* context)
 {
     cairo_move_to(context, polygon.points[0].x, polygon.points[0].y);
@@ -48,7 +44,7 @@ void set_color_source(const DFBColor& color, cairo_t* context)
 
 DFBResult fill(DTKHDDVD_data& toolkit, const Polygon& polygon, const DFBRegion& box, Canvas& canvas)
 {
-    canvas.dirty = covering(box);
+    canvas.dirty = covering(box.x1, box.y1, box.x2, box.y2);
     if (DFBResult result = begin_path(toolkit, canvas, canvas.dirty))
         return result;
     add_path(polygon, canvas.context);
@@ -84,11 +80,11 @@ DFBResult outline_stamped(const DTKHDDVD_data& toolkit, const Polygon& polygon, 
 
 DFBResult outline_thin(const DTKHDDVD_data& toolkit, const Polygon& polygon, const DFBRegion& box, Canvas& canvas)
 {
-    canvas.dirty = covering(box);
+    canvas.dirty = covering(box.x1, box.y1, box.x2, box.y2);
     if (DFBResult result = set_color(canvas, toolkit.palette[stroke_index]))
         return result;
     return for_each_edge(polygon, [&](const DFBPoint& from, const DFBPoint& to) {
-        return canvas.surface->DrawLine(canvas.surface, from.x, from.y, to.x, to.y);
+        return draw_thin_line(canvas.surface, from, to);
     });
 }
 

@@ -15,4 +15,11 @@ cairo_t* create_context(IDirectFB* dfb, IDirectFBSurface* surface, cairo_surface
     return context;
 }
 
+void destroy_context(cairo_t*& context)
+{
+    if (context)
+        cairo_destroy(context);
+    context = nullptr;
+}
+
 } // namespace dtk

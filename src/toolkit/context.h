@@ -11,6 +11,9 @@ namespace dtk {
 /// gives a context in error, never NULL.
 cairo_t* create_context(IDirectFB* dfb, IDirectFBSurface* surface, cairo_surface_t** ret_surface);
 
+/// Destroys the context that a field holds, if any, with the cairo surface that it owns, and clears the field.
+void destroy_context(cairo_t*& context);
+
 } // namespace dtk
 
 #endif

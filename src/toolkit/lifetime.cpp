@@ -1,4 +1,4 @@
-#include "toolkit/records.h"
+#include "toolkit/context.h"
 #include "toolkit/ref.h"
 
 using namespace dtk;
@@ -13,16 +13,17 @@ DFBResult add_reference(DTKHDDVD* thiz)
     return result::ok;
 }
 
-/// Cairo's contexts own the cairo surfaces that draw on target and scratch pad.
-void destroy_context(cairo_t*& context)
+/// Gives back what both back ends hold to the end, and frees the records. The reference on its pen is the pen owner's
+/// affair.
+void end(DTKHDDVD* thiz)
 {
-    if (context)
-        cairo_destroy(context);
-    context = nullptr;
+    give_back(thiz->priv->scratch);
+    give_back(thiz->priv->dfb);
+    std::free(thiz->priv);
+    std::free(thiz);
 }
 
-/// Destroys what a toolkit without references holds. The reference on its pen is the pen owner's affair.
-void destroy(DTKHDDVD* thiz)
+void destroy_software(DTKHDDVD* thiz)
 {
     DTKHDDVD_data& toolkit = *thiz->priv;
 
@@ -30,13 +31,19 @@ void destroy(DTKHDDVD* thiz)
     destroy_context(toolkit.target_cr);
     give_back(toolkit.target);
     destroy_context(toolkit.scratch_cr);
-    give_back(toolkit.scratch);
-    give_back(toolkit.dfb);
-    std::free(thiz->priv);
-    std::free(thiz);
+    end(thiz);
 }
 
-DFBResult release(DTKHDDVD* thiz)
+/// A hardware toolkit has nothing of cairo's.
+void destroy_hardware(DTKHDDVD* thiz)
+{
+    thiz->SetFillPattern(thiz, nullptr);
+    give_back(thiz->priv->target);
+    end(thiz);
+}
+
+template <typename Destroy>
+DFBResult release(DTKHDDVD* thiz, Destroy&& destroy)
 {
     if (!thiz)
         return result::thiz_null;
@@ -59,11 +66,10 @@ DFBResult DTKHDDVD_AddRef_HW(DTKHDDVD* thiz)
 
 DFBResult DTKHDDVD_Release_SW(DTKHDDVD* thiz)
 {
-    return release(thiz);
+    return release(thiz, destroy_software);
 }
 
-/// A hardware toolkit has no contexts; what else there is goes the same way.
 DFBResult DTKHDDVD_Release_HW(DTKHDDVD* thiz)
 {
-    return release(thiz);
+    return release(thiz, destroy_hardware);
 }

@@ -46,6 +46,10 @@ DFBResult AttachDFBSurfaceToDrawingToolkit_HDDVD_SW(DTKHDDVD* thiz, IDirectFBSur
         return result::invalid_argument;
 
     DTKHDDVD_data& toolkit = *thiz->priv;
+
+    // What a detach leaves behind holds the whole scratch pad that it drew into.
+    if (!toolkit.target)
+        destroy_context(toolkit.scratch_cr);
     if (DFBResult result = bind_target(toolkit, surface))
         return result;
     toolkit.target_cr = create_context(toolkit.dfb, surface, &toolkit.target_cairo_surface);

@@ -36,7 +36,7 @@ check 'src/hardware/*' '(hardware|pen|toolkit)/.*|dtkhddvd\.h|zuvo\.h'
 check 'test_dtkhd/*.[ch]*' '(test_dtkhd/)?[a-z_]+\.h|toolkit/report\.h|dtkhddvd\.h|zuvo\.h'
 
 # What needs no runtime, and what the library draws with.
-headers='algorithm|atomic|cmath|cstddef|cstdint|cstdio|cstdlib|cstring|initializer_list|limits|type_traits|utility'
+headers='algorithm|atomic|cassert|cmath|cstddef|cstdint|cstdio|cstdlib|cstring|initializer_list|limits|type_traits|utility'
 foreign='cairo\.h|direct/debug\.h|directfb\.h|sys/time\.h|time\.h'
 if included brackets src/*/*.cpp src/*/*.h | grep -Ev "^[^ ]+ ($headers|$foreign)$"; then
     echo "... needs a C++ runtime, or is nothing that the library builds on"

@@ -118,6 +118,21 @@ TEST_F(EngineErrors, RefusesOtherPixelFormats)
     }
 }
 
+TEST_F(EngineErrors, RefusesSurfacesThatKeepTheirFieldsApart)
+{
+    DFBSurfaceDescription description = {};
+    description.flags = static_cast<DFBSurfaceDescriptionFlags>(DSDESC_CAPS | DSDESC_WIDTH | DSDESC_HEIGHT |
+                                                                DSDESC_PIXELFORMAT);
+    description.caps = static_cast<DFBSurfaceCapabilities>(DSCAPS_INTERLACED | DSCAPS_SEPARATED);
+    description.width = description.height = 8;
+    description.pixelformat = DSPF_ARGB;
+    IDirectFBSurface* surface = nullptr;
+    ASSERT_EQ(session.directfb->CreateSurface(session.directfb, &description, &surface), DFB_OK);
+    const HostedSession::Surface separated(surface);
+    EXPECT_EQ(zuvo_dtk_set_output_surface(session.engine, handle_of(separated)), ZUVO_WRONG_PIXEL_FORMAT);
+    EXPECT_EQ(zuvo_dtk_set_fill_pattern(session.engine, handle_of(separated)), ZUVO_WRONG_PIXEL_FORMAT);
+}
+
 TEST_F(EngineErrors, RefusesToFillASurfaceWithItself)
 {
     set_everything();

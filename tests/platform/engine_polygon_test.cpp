@@ -2,6 +2,8 @@
 #include "platform/engine_coverage.h"
 
 #include <cairo.h>
+#include <cmath>
+#include <ctime>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -65,6 +67,54 @@ TEST(EnginePolygon, CoversPolygonsInsideTheSurfaceLikeCairo)
 TEST(EnginePolygon, CoversPolygonsPartlyOutsideLikeCairo)
 {
     expect_what_cairo_covers(3, 20000, 9, 40, 60);
+}
+
+TEST(EnginePolygon, CoversPolygonsOfManyPointsLikeCairo)
+{
+    for (const int size : {9, 63, 64, 65, 130}) {
+        expect_what_cairo_covers(5, 60, 600, size, 0);
+        expect_what_cairo_covers(6, 60, 1200, size, size);
+    }
+    expect_what_cairo_covers(7, 20, 20000, 70, 20);
+}
+
+/// A ring around its middle that goes to and fro, and a scribble all over the surface.
+std::vector<Corner> wavy_ring(int count, int size)
+{
+    std::vector<Corner> corners;
+    for (int i = 0; i < count; ++i) {
+        const double angle = 6.283185307179586 * i / count, radius = size * (0.3 + 0.15 * std::sin(angle * count / 7));
+        corners.push_back({static_cast<int>(size / 2 + radius * std::cos(angle)),
+                           static_cast<int>(size / 2 + radius * std::sin(angle))});
+    }
+    return corners;
+}
+
+std::vector<Corner> scribble(int count, int size)
+{
+    std::mt19937 random(1);
+    std::vector<Corner> corners(static_cast<std::size_t>(count));
+    for (Corner& corner : corners)
+        corner = {static_cast<int>(random() % static_cast<unsigned>(size)),
+                  static_cast<int>(random() % static_cast<unsigned>(size))};
+    return corners;
+}
+
+double seconds_for(const std::vector<Corner>& corners, int size)
+{
+    const std::clock_t start = std::clock();
+    engine_coverage({size, size}, corners);
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
+
+TEST(EnginePolygon, TakesTimeInProportionToItsPoints)
+{
+    const int size = 200;
+    for (const auto make : {wavy_ring, scribble}) {
+        const double few = seconds_for(make(20000, size), size);
+        const double many = seconds_for(make(400000, size), size);
+        EXPECT_LT(many, 60 * few + 0.1) << "twenty times the points";
+    }
 }
 
 TEST(EnginePolygon, CoversWideFlatPolygonsPartlyOutsideLikeCairo)

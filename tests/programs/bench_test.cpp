@@ -108,5 +108,7 @@ INSTANTIATE_TEST_SUITE_P(
                     std::pair("--pixelformat YUY2", "--pixelformat takes ARGB, RGB32, RGB16, A8 or LUT8, not 'YUY2'"),
                     std::pair("--only circle", "no item has 'circle' in its name"),
                     std::pair("--backend firmware", "the back end is software or hardware, not 'firmware'"),
+                    std::pair("--csv ''", "--csv takes a path, not ''"),
+                    std::pair("--dump ''", "--dump takes a path, not ''"),
                     std::pair("--csv", "--csv lacks its value"), std::pair("--quick", "--quick is no option"),
                     std::pair("more", "unexpected argument 'more'")));

@@ -152,6 +152,7 @@ INSTANTIATE_TEST_SUITE_P(
                     std::pair("--size 640", "--size takes 320x240 to 8192x8192, not '640'"),
                     std::pair("--size 640x480x2", "--size takes 320x240 to 8192x8192, not '640x480x2'"),
                     std::pair("--size 319x240", "--size takes 320x240 to 8192x8192, not '319x240'"),
+                    std::pair("--png ''", "--png takes a path, not ''"),
                     std::pair("--backend firmware", "the back end is software or hardware, not 'firmware'"),
                     std::pair("--colour", "--colour is no option"), std::pair("-xy", "-xy is no option"),
                     std::pair("--frames 2 more", "unexpected argument 'more'")));

@@ -13,6 +13,7 @@ foreach(case
     unfetchable_cairo_is_explained
     broken_try_is_replaced
     two_runs_at_once_build_one_cairo
+    cache_of_somebody_else_is_refused
     blank_in_cache_is_avoided
     both_builds_are_tested
     sanitizers_alone

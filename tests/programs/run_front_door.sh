@@ -269,6 +269,28 @@ END
         expect_cairo_in_place
         [ "$(grep -c ' source cairo$' "$calls")" -eq 1 ] || wrong "cairo was not fetched once"
         ;;
+    cache_of_somebody_else_is_refused)
+        complete_machine
+        mkdir "$place/elsewhere"
+        ln -s "$place/elsewhere" "$cache"
+        expect 0 build
+        rm "$place/elsewhere"/*
+        # Root alone can give a link away, and to nobody else a link to / leads to a folder of their own.
+        if [ "$(id -u)" -eq 0 ]; then
+            chown -h 65534 "$cache"
+        else
+            ln -sfn / "$cache"
+        fi
+        expect 1 build
+        expect_last_error "run: $cache belongs to somebody else: set XDG_CACHE_HOME to a folder of your own, without blanks in its name"
+        [ -z "$(ls "$place/elsewhere")" ] || wrong "something was written there"
+        if [ "$(id -u)" -eq 0 ]; then
+            rm "$cache"
+            mkdir "$cache"
+            chown 65534 "$cache"
+            expect 1 build
+        fi
+        ;;
     blank_in_cache_is_avoided)
         complete_machine
         user=test.$$

@@ -145,6 +145,53 @@ TEST_F(ScratchPad, IsTransparentAfterEllipsesOfAFewPixels)
     }
 }
 
+TEST_F(ScratchPad, IsTransparentAfterThinEllipsesOfAnySize)
+{
+    Capture errors(stderr);
+    const Surface texture = make_checkered_texture();
+    const std::vector<int> sizes = {-5, -4, -3, -2, -1, 0, 1, 2, 3, 4, 5, 6, 7, -3000, -100, -41, 30, 31, 79, 1001};
+    for (const int w : sizes) {
+        for (const int h : sizes) {
+            for (const DFBPoint& corner : {DFBPoint{20, 20}, {-3, 11}, {0, 0}, {width - 2, height - 1}, {60, 70}}) {
+                for (const u32 flags : {1u, 3u, 7u}) {
+                    toolkit->SetFillPattern(toolkit.get(), flags == 7 ? texture.get() : nullptr);
+                    const DFBRectangle box = {corner.x, corner.y, w, h};
+                    if (toolkit->Ellipse(toolkit.get(), &box, flags) == DFB_OK) {
+                        ASSERT_TRUE(holds_only(pad(), 0))
+                            << corner.x << ' ' << corner.y << ' ' << w << ' ' << h << ", flags " << flags;
+                    }
+                    ASSERT_EQ(pad()->Clear(pad(), 0, 0, 0, 0), DFB_OK);
+                }
+            }
+        }
+    }
+}
+
+TEST_F(ScratchPad, IsTransparentAfterThinEllipsesOfHugeNegativeSize)
+{
+    Capture errors(stderr);
+    const int least = -2147483647 - 1, huge = -(1 << 25);
+    for (const DFBRectangle& box : {DFBRectangle{20, 20, least, 3}, {20, 20, huge, huge - 1},
+                                    {20, 20, huge, -1}, {20, 20, 1, huge}, {-huge / 2, 20, huge, 5}}) {
+        if (toolkit->Ellipse(toolkit.get(), &box, DTKHDDVD_STROKE) == DFB_OK) {
+            ASSERT_TRUE(holds_only(pad(), 0)) << box.x << ' ' << box.w << ' ' << box.h;
+        }
+        ASSERT_EQ(pad()->Clear(pad(), 0, 0, 0, 0), DFB_OK);
+    }
+}
+
+TEST_F(ScratchPad, ShowsThinEllipsesOfNoOrNegativeSize)
+{
+    for (int w = -5; w <= 1; ++w) {
+        for (int h = -5; h <= 1; ++h) {
+            clear(surface, background);
+            const DFBRectangle box = {20, 20, w, h};
+            EXPECT_EQ(toolkit->Ellipse(toolkit.get(), &box, DTKHDDVD_STROKE), DFB_OK) << w << ' ' << h;
+            EXPECT_FALSE(holds_only(surface.get(), background)) << w << ' ' << h;
+        }
+    }
+}
+
 TEST_F(ScratchPad, RefusesToBlendBoxesWithoutWidthOrHeight)
 {
     Capture errors(stderr);

@@ -14,6 +14,12 @@ struct Box {
     int64_t left, top, right, bottom;
 };
 
+/// Whether DirectFB would refuse to draw a rectangle.
+inline bool is_empty(const DFBRectangle& rect)
+{
+    return rect.w <= 0 || rect.h <= 0;
+}
+
 /// Gives @p sink what of a box lies inside the extent.
 void give_box(const Box& box, Extent extent, RowSink& sink);
 

@@ -9,11 +9,12 @@
 #include <algorithm>
 
 using zuvo::engine;
+using zuvo::OpenSurface;
 using zuvo::Painter;
 
 namespace {
 
-/// Draws a shape with the engine's fill; a pattern begins at (x, y). `draw(painter)` gives the shape's rows to the
+/// Draws a shape with the engine's fill; a pattern begins at (x, y). `draw(painter, target)` gives the shape's rows to the
 /// painter and answers false without memory.
 template <typename Draw>
 int draw_filled(int x, int y, bool blend, const Draw& draw)
@@ -23,21 +24,22 @@ int draw_filled(int x, int y, bool blend, const Draw& draw)
     if (engine.fill == zuvo::Fill::none)
         return ZUVO_NO_FILL;
     const bool has_pattern = engine.fill == zuvo::Fill::pattern;
-    if (has_pattern && engine.pattern == engine.output)
+    if (has_pattern && zuvo::share_pixels(engine.pattern, engine.output))
         return ZUVO_PATTERN_IS_OUTPUT;
 
-    zuvo::OpenSurface target(DIRECTFB_CORE_TARGET);
+    OpenSurface target(DIRECTFB_CORE_TARGET);
     if (int error = target.open(engine.output))
         return error;
-    zuvo::OpenSurface pattern(DIRECTFB_CORE_PATTERN);
+    OpenSurface pattern(DIRECTFB_CORE_PATTERN);
     if (has_pattern) {
         if (int error = pattern.open(engine.pattern))
             return error;
     }
 
-    Painter painter = has_pattern ? zuvo::paint_pattern(target.pixels(), pattern.pixels(), x, y, blend)
+    const DFBPoint origin = target.at(x, y);
+    Painter painter = has_pattern ? zuvo::paint_pattern(target.pixels(), pattern.pixels(), origin.x, origin.y, blend)
                                   : zuvo::paint_colour(target.pixels(), engine.fill_colour, blend);
-    return draw(painter) ? ZUVO_OK : ZUVO_NO_MEMORY;
+    return draw(painter, target) ? ZUVO_OK : ZUVO_NO_MEMORY;
 }
 
 bool fill_plain_ellipse(const DFBRectangle& rect, bool blend, Painter& painter)
@@ -59,9 +61,10 @@ bool fill_patterned_ellipse(const DFBRectangle& rect, Painter& painter)
     return engine.polygon.scan(painter);
 }
 
-bool fill_polygon(const DFBPoint* points, unsigned int count, Painter& painter)
+bool fill_polygon(const DFBPoint* points, unsigned int count, const OpenSurface& target, Painter& painter)
 {
-    const auto fixed = [](DFBPoint point) {
+    const auto fixed = [&target](DFBPoint corner) {
+        const DFBPoint point = target.at(corner.x, corner.y);
         return zuvo::FixedPoint{point.x * zuvo::fixed_one, point.y * zuvo::fixed_one};
     };
     engine.polygon.begin(painter.target.extent);
@@ -87,9 +90,13 @@ int zuvo_dtk_draw_rectangle(unsigned int dtk, const DFBRectangle* rect, unsigned
     if (!rect)
         return ZUVO_NULL_ARGUMENT;
 
-    return draw_filled(rect->x, rect->y, flags & ZUVO_DTK_BLEND, [rect](Painter& painter) {
-        const int64_t right = int64_t(rect->x) + rect->w, bottom = int64_t(rect->y) + rect->h;
-        zuvo::give_box({rect->x, rect->y, right, bottom}, painter.target.extent, painter);
+    if (zuvo::is_empty(*rect))
+        return ZUVO_EMPTY_RECTANGLE;
+
+    return draw_filled(rect->x, rect->y, flags & ZUVO_DTK_BLEND, [rect](Painter& painter, const OpenSurface& target) {
+        const DFBRectangle box = target.at(*rect);
+        const int64_t right = int64_t(box.x) + box.w, bottom = int64_t(box.y) + box.h;
+        zuvo::give_box({box.x, box.y, right, bottom}, painter.target.extent, painter);
         return true;
     });
 }
@@ -102,9 +109,10 @@ int zuvo_dtk_draw_ellipse(unsigned int dtk, const DFBRectangle* rect, unsigned i
         return ZUVO_NULL_ARGUMENT;
 
     const bool blend = flags & ZUVO_DTK_BLEND;
-    return draw_filled(rect->x, rect->y, blend, [rect, blend](Painter& painter) {
-        return engine.fill == zuvo::Fill::pattern ? fill_patterned_ellipse(*rect, painter)
-                                                  : fill_plain_ellipse(*rect, blend, painter);
+    return draw_filled(rect->x, rect->y, blend, [rect, blend](Painter& painter, const OpenSurface& target) {
+        const DFBRectangle box = target.at(*rect);
+        return engine.fill == zuvo::Fill::pattern ? fill_patterned_ellipse(box, painter)
+                                                  : fill_plain_ellipse(box, blend, painter);
     });
 }
 
@@ -118,7 +126,7 @@ int zuvo_dtk_draw_polygon(unsigned int dtk, const DFBPoint* points, unsigned int
         return ZUVO_OK;
 
     const DFBPoint corner = upper_left(points, num_points);
-    return draw_filled(corner.x, corner.y, true, [points, num_points](Painter& painter) {
-        return fill_polygon(points, num_points, painter);
+    return draw_filled(corner.x, corner.y, true, [points, num_points](Painter& painter, const OpenSurface& target) {
+        return fill_polygon(points, num_points, target, painter);
     });
 }

@@ -1,6 +1,7 @@
 #include "outline_path.h"
 
 #include "../directfb_core.h"
+#include "pen/line_walk.h"
 
 #include <algorithm>
 #include <utility>
@@ -108,13 +109,6 @@ void add_line(RowPath& path, const Steps& line)
         add_flat_rows(path, line, rows);
 }
 
-/// Coordinates whose products fit 32 bits, as DirectFB's clipping needs.
-bool is_near(DFBPoint point)
-{
-    const int limit = 16383;
-    return std::max(std::abs(int64_t(point.x)), std::abs(int64_t(point.y))) <= limit;
-}
-
 } // namespace
 
 bool line_path(RowPath& path, RowRange rows, DFBPoint from, DFBPoint to)
@@ -133,7 +127,7 @@ bool cut_thin_line(Extent extent, DFBPoint& from, DFBPoint& to)
 {
     DFBRegion line = {from.x, from.y, to.x, to.y};
     const DFBRegion clip = {0, 0, extent.width - 1, extent.height - 1};
-    if (is_near(from) && is_near(to) && !directfb_core_clip_line(&clip, &line))
+    if (!dtk::is_too_long_for_directfb(from, to) && !directfb_core_clip_line(&clip, &line))
         return false;
 
     from = {line.x1, line.y1};

@@ -7,12 +7,13 @@
 
 using zuvo::engine;
 using zuvo::Extent;
+using zuvo::OpenSurface;
 using zuvo::Painter;
 using zuvo::RowRange;
 
 namespace {
 
-/// Draws an outline with the engine's pen: `draw(painter)` answers false without memory.
+/// Draws an outline with the engine's pen: `draw(painter, target)` answers false without memory.
 template <typename Draw>
 int draw_outline(bool blend, const Draw& draw)
 {
@@ -21,11 +22,11 @@ int draw_outline(bool blend, const Draw& draw)
     if (!engine.has_pen)
         return ZUVO_NO_PEN;
 
-    zuvo::OpenSurface target(DIRECTFB_CORE_TARGET);
+    OpenSurface target(DIRECTFB_CORE_TARGET);
     if (int error = target.open(engine.output))
         return error;
     Painter painter = zuvo::paint_colour(target.pixels(), engine.pen.color, blend);
-    return draw(painter) ? ZUVO_OK : ZUVO_NO_MEMORY;
+    return draw(painter, target) ? ZUVO_OK : ZUVO_NO_MEMORY;
 }
 
 /// Draws what the pen covers on a path: `make_path(rows)` fills the engine's path with what the pen visits on these
@@ -56,7 +57,7 @@ bool draw_line(Painter& painter, DFBPoint from, DFBPoint to)
 
 bool draw_rectangle(Painter& painter, const DFBRectangle& rect)
 {
-    if (engine.pen_rows.is_box && rect.w > 0 && rect.h > 0) {
+    if (engine.pen_rows.is_box && !zuvo::is_empty(rect)) {
         zuvo::give_border(rect, engine.pen_rows, painter.target.extent, painter);
         return true;
     }
@@ -83,8 +84,9 @@ int zuvo_dtk_draw_line(unsigned int dtk, int x1, int y1, int x2, int y2, unsigne
     if (!zuvo::is_engine(dtk))
         return ZUVO_NO_SUCH_ENGINE;
 
-    return draw_outline(flags & ZUVO_DTK_BLEND,
-                        [=](Painter& painter) { return draw_line(painter, {x1, y1}, {x2, y2}); });
+    return draw_outline(flags & ZUVO_DTK_BLEND, [=](Painter& painter, const OpenSurface& target) {
+        return draw_line(painter, target.at(x1, y1), target.at(x2, y2));
+    });
 }
 
 int zuvo_dtk_draw_rectangle_border(unsigned int dtk, const DFBRectangle* rect, unsigned int flags)
@@ -93,8 +95,12 @@ int zuvo_dtk_draw_rectangle_border(unsigned int dtk, const DFBRectangle* rect, u
         return ZUVO_NO_SUCH_ENGINE;
     if (!rect)
         return ZUVO_NULL_ARGUMENT;
+    if (engine.has_pen && engine.pen_rows.is_single_pixel && zuvo::is_empty(*rect))
+        return ZUVO_EMPTY_RECTANGLE;
 
-    return draw_outline(flags & ZUVO_DTK_BLEND, [rect](Painter& painter) { return draw_rectangle(painter, *rect); });
+    return draw_outline(flags & ZUVO_DTK_BLEND, [rect](Painter& painter, const OpenSurface& target) {
+        return draw_rectangle(painter, target.at(*rect));
+    });
 }
 
 int zuvo_dtk_draw_ellipse_border(unsigned int dtk, const DFBRectangle* rect, unsigned int flags)
@@ -104,5 +110,7 @@ int zuvo_dtk_draw_ellipse_border(unsigned int dtk, const DFBRectangle* rect, uns
     if (!rect)
         return ZUVO_NULL_ARGUMENT;
 
-    return draw_outline(flags & ZUVO_DTK_BLEND, [rect](Painter& painter) { return draw_ellipse(painter, *rect); });
+    return draw_outline(flags & ZUVO_DTK_BLEND, [rect](Painter& painter, const OpenSurface& target) {
+        return draw_ellipse(painter, target.at(*rect));
+    });
 }

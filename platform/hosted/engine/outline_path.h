@@ -18,8 +18,7 @@ struct RowRange {
 /// Both ends of the line are visited.
 bool line_path(RowPath& path, RowRange rows, DFBPoint from, DFBPoint to);
 
-/// Cuts a line one pixel wide to the extent as DirectFB does, if its ends are near enough for that, and makes it go to
-/// the right. Answers false when nothing of it is left.
+/// Cuts a line one pixel wide to the extent as DirectFB does, unless it is too long for that, and makes it go to the right. Answers false when nothing of it is left.
 bool cut_thin_line(Extent extent, DFBPoint& from, DFBPoint& to);
 
 bool rectangle_path(RowPath& path, RowRange rows, const DFBRectangle& rect);

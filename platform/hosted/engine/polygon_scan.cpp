@@ -3,9 +3,14 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <utility>
 
 namespace zuvo {
 namespace {
+
+/// More edges than these are not kept in order from row to row: with as many in each row that takes longer than to look
+/// at its columns.
+const size_t crowd = 256;
 
 /// Products of an edge's width and height stay exact up to here, which is beyond the range of cairo's numbers.
 const int64_t exact_limit = int64_t(1) << 31;
@@ -88,6 +93,73 @@ int collect_spans(PolygonEdge* const* edges, size_t count, int width, int closed
     return span_count;
 }
 
+/// The same without an order.
+size_t advance_unsorted(PolygonEdge** edges, size_t count, int row)
+{
+    size_t kept = 0;
+    for (size_t i = 0; i < count; ++i) {
+        PolygonEdge* const edge = edges[i];
+        if (edge->end_row <= row)
+            continue;
+        advance(*edge);
+        edges[kept++] = edge;
+    }
+    return kept;
+}
+
+/// How the winding number changes along a row, column by column. Edges that begin in the same column need no order.
+class RowOfEdges {
+public:
+    /// Answers false without memory.
+    bool prepare(Buffer<int>& windings, Buffer<uint64_t>& touched, int width)
+    {
+        const size_t columns = static_cast<size_t>(width) + 1;
+        word_count_ = columns / 64 + 1;
+        if (!windings.reserve(columns) || !touched.reserve(word_count_))
+            return false;
+        windings_ = windings.items;
+        touched_ = touched.items;
+        std::fill_n(windings_, columns, 0);
+        std::fill_n(touched_, word_count_, 0);
+        return true;
+    }
+
+    void add(int column, int direction)
+    {
+        windings_[column] += direction;
+        touched_[column / 64] |= uint64_t(1) << column % 64;
+    }
+
+    /// Stores the row's spans, answers their number and forgets the edges.
+    int take_spans(int closed_gap, Span* spans)
+    {
+        int span_count = 0, winding = 0, start = -1, end = 0;
+        const auto close = [&] {
+            if (start >= 0 && end > start)
+                spans[span_count++] = {start, end};
+            start = -1;
+        };
+        for (size_t word = 0; word < word_count_; ++word) {
+            for (uint64_t rest = std::exchange(touched_[word], 0); rest; rest &= rest - 1) {
+                const int column = static_cast<int>(word) * 64 + __builtin_ctzll(rest);
+                if (winding == 0 && column > end + closed_gap)
+                    close();
+                if (start < 0)
+                    start = column;
+                winding += std::exchange(windings_[column], 0);
+                end = column;
+            }
+        }
+        close();
+        return span_count;
+    }
+
+private:
+    int* windings_;
+    uint64_t* touched_;
+    size_t word_count_;
+};
+
 } // namespace
 
 Quotient along_slope(int64_t distance, int64_t slope_width, int64_t slope_height)
@@ -125,7 +197,11 @@ bool PolygonScan::scan(RowSink& sink)
         return false;
     std::sort(edges.items, edges.items + edge_count,
               [](const PolygonEdge& one, const PolygonEdge& other) { return one.first_row < other.first_row; });
+    return edge_count <= crowd ? scan_few(sink) : scan_many(sink);
+}
 
+bool PolygonScan::scan_few(RowSink& sink)
+{
     const int closed_gap = has_slanted_edge ? 1 : 0;
     size_t waiting = 0, active_count = 0;
     for (int row = 0; waiting < edge_count || active_count; ++row) {
@@ -139,6 +215,31 @@ bool PolygonScan::scan(RowSink& sink)
             sink.take(sink, row, spans.items, count);
 
         active_count = advance_all(active.items, active_count, row + 1);
+    }
+    return true;
+}
+
+bool PolygonScan::scan_many(RowSink& sink)
+{
+    const int closed_gap = has_slanted_edge ? 1 : 0;
+    RowOfEdges edges_by_column = {};
+    if (!edges_by_column.prepare(windings, touched, extent.width))
+        return false;
+
+    size_t waiting = 0, active_count = 0;
+    for (int row = 0; waiting < edge_count || active_count; ++row) {
+        if (!active_count)
+            row = edges[waiting].first_row;
+        for (; waiting < edge_count && edges[waiting].first_row == row; ++waiting)
+            active[active_count++] = &edges[waiting];
+
+        for (size_t i = 0; i < active_count; ++i)
+            edges_by_column.add(column(*active[i], extent.width), active[i]->direction);
+        const int count = edges_by_column.take_spans(closed_gap, spans.items);
+        if (count)
+            sink.take(sink, row, spans.items, count);
+
+        active_count = advance_unsorted(active.items, active_count, row + 1);
     }
     return true;
 }

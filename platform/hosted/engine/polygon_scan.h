@@ -48,6 +48,10 @@ struct PolygonScan {
     /// Gives every row of the polygon to @p sink. Answers false without memory.
     bool scan(RowSink& sink);
 
+    /// The same for polygons of few edges, which are kept in order, and of many.
+    bool scan_few(RowSink& sink);
+    bool scan_many(RowSink& sink);
+
     Extent extent;
     bool has_slanted_edge;
     bool out_of_memory;
@@ -55,6 +59,8 @@ struct PolygonScan {
     Buffer<PolygonEdge> edges;
     Buffer<PolygonEdge*> active;
     Buffer<Span> spans;
+    Buffer<int> windings;
+    Buffer<uint64_t> touched;
 };
 
 /// What cairo rounds with: just under half a pixel.

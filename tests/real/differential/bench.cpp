@@ -54,6 +54,14 @@ Picture read(IDirectFBSurface* surface)
     return picture;
 }
 
+Surface part_of(IDirectFBSurface* surface, const DFBRectangle& rect)
+{
+    IDirectFBSurface* part = nullptr;
+    if (surface->GetSubSurface(surface, &rect, &part) != DFB_OK)
+        throw std::runtime_error("no part of a surface");
+    return Surface(part);
+}
+
 void choose_platform(BackEnd back_end)
 {
     if (back_end == BackEnd::hardware)
@@ -171,7 +179,8 @@ std::optional<Picture> Bench::draw(BackEnd back_end, const Scene& scene, const P
     choose_platform(back_end);
     IDirectFBSurface* const surface = target(scene.target_format).get();
     write(surface, background);
-    if (!draw_on(surface, back_end, scene))
+    const Surface part = scene.part ? part_of(surface, *scene.part) : nullptr;
+    if (!draw_on(part ? part.get() : surface, back_end, scene))
         return std::nullopt;
     return read(surface);
 }

@@ -90,6 +90,13 @@ std::vector<DFBPoint> random_points(std::mt19937& random, int count)
     return points;
 }
 
+/// Inside the surface.
+DFBRectangle random_part(std::mt19937& random)
+{
+    const int x = between(random, 0, surface_width - 1), y = between(random, 0, surface_height - 1);
+    return {x, y, between(random, 1, surface_width - x), between(random, 1, surface_height - y)};
+}
+
 } // namespace
 
 Scene random_scene(std::mt19937& random, Variety variety)
@@ -109,6 +116,8 @@ Scene random_scene(std::mt19937& random, Variety variety)
     if (variety.has_textures)
         scene.texture = one_in(random, 3) ? Texture::rgb32 : Texture::argb;
     scene.pen = random_pen(random);
+    if (variety.is_on_parts)
+        scene.part = random_part(random);
     return scene;
 }
 
@@ -140,6 +149,8 @@ std::ostream& operator<<(std::ostream& stream, const Scene& scene)
            << (scene.target_format == DSPF_ARGB ? " on ARGB" : " on RGB32");
     if (scene.texture != Texture::none)
         stream << (scene.texture == Texture::argb ? " texture ARGB" : " texture RGB32");
+    if (const auto& part = scene.part)
+        stream << " part " << part->x << ' ' << part->y << ' ' << part->w << ' ' << part->h;
     if (const auto& pen = scene.pen)
         stream << " pen " << pen->x0 << ' ' << pen->y0 << ", " << pen->x1 << ' ' << pen->y1 << ", " << pen->x2 << ' '
                << pen->y2 << ", " << pen->x3 << ' ' << pen->y3;

@@ -24,6 +24,7 @@ struct Scene {
     DFBColor stroke, fill;
     Texture texture;
     std::optional<DTKHDDVDPenShape> pen;
+    std::optional<DFBRectangle> part = std::nullopt;    ///< The target is this part of a surface.
 
     bool has_stroke() const { return primitive == Primitive::line || (flags & DTKHDDVD_STROKE); }
     bool has_fill() const { return primitive != Primitive::line && (flags & DTKHDDVD_FILL); }
@@ -33,6 +34,7 @@ struct Scene {
 struct Variety {
     bool is_translucent;
     bool has_textures;
+    bool is_on_parts = false;
 };
 
 constexpr int surface_width = 200;

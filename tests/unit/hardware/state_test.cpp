@@ -52,6 +52,24 @@ TEST_F(HardwareState, KeepsThePatternsHandle)
     EXPECT_EQ(texture.references, 1) << "the caller keeps the surface alive";
 }
 
+TEST_F(HardwareState, ChangesThePatternByAskingForItsHandle)
+{
+    static const DTKHDDVD_data* asking;
+    const Toolkit toolkit = hardware_toolkit();
+    texture.id = 4711;
+    toolkit->SetFillPattern(toolkit.get(), &texture);
+    asking = toolkit->priv;
+    fake::Surface& other = fake::new_surface("other", 4, 4, DSPF_ARGB);
+    other.GetID = [](IDirectFBSurface*, DFBSurfaceID* ret_id) {
+        EXPECT_EQ(ret_id, &asking->fill_pattern_handle) << "the handle is stored where it is kept";
+        EXPECT_EQ(*ret_id, 4711u);
+        return refusal;
+    };
+    EXPECT_EQ(toolkit->SetFillPattern(toolkit.get(), &other), 0);
+    EXPECT_EQ(toolkit->priv->fill_pattern_handle, 4711u) << "nothing else writes it";
+    EXPECT_EQ(toolkit->priv->has_fill_pattern, 1);
+}
+
 TEST_F(HardwareState, DoesNotLookWhetherThePatternHasAHandle)
 {
     const Toolkit toolkit = hardware_toolkit();

@@ -113,6 +113,17 @@ TEST_F(AttachAndDetach, DropsNothingTwice)
     EXPECT_EQ(fake::cairo().live_objects, 0);
 }
 
+TEST_F(AttachAndDetach, DropsTheContextThatADetachLeftAtTheNextAttach)
+{
+    Toolkit toolkit = software_toolkit(1);
+    EXPECT_EQ(detach(toolkit), 0);
+    calls();
+    EXPECT_EQ(attach(toolkit, &screen), 0);
+    EXPECT_EQ(calls().rfind("\ncairo_destroy(scratch.cr)\nscreen.GetSubSurface(NULL)\n", 0), 0u) << "and nothing else";
+    EXPECT_EQ(attach(toolkit, &screen), 0);
+    EXPECT_EQ(calls_with("cairo_destroy"), "\n") << "what is attached is replaced";
+}
+
 TEST_F(AttachAndDetach, DetachesHardwareFromItsScratchPadAlone)
 {
     Toolkit toolkit = unattached(true, 1);

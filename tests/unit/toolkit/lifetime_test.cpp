@@ -49,6 +49,17 @@ TEST_F(Lifetime, EndsInOrderInHardware)
     EXPECT_EQ(calls(), "\ntarget.Release()\nscratch.Release()\ndfb.Release()\n");
 }
 
+TEST_F(Lifetime, LeavesCairoAloneInHardware)
+{
+    fake::platform().engine_handle = 7;
+    DTKHDDVD* toolkit = nullptr;
+    EXPECT_EQ(CreateDrawingToolkit_HDDVD(&dfb, &screen, 1, &toolkit), 0);
+    toolkit->priv->target_cr = toolkit->priv->scratch_cr = reinterpret_cast<cairo_t*>(this);
+    calls();
+    EXPECT_EQ(DTKHDDVD_Release_HW(toolkit), 0);
+    EXPECT_EQ(calls_with("cairo"), "\n");
+}
+
 TEST_F(Lifetime, TakesThePatternAwayThroughTheRecord)
 {
     static int times;

@@ -66,6 +66,19 @@ TEST_F(RefusedArguments, OfPenCreations)
     });
 }
 
+TEST_F(RefusedArguments, OfPenCreationsWithoutDirectFB)
+{
+    static const DTKHDDVDPenShape shape = {0, 0, 2, 0, 2, 2, 0, 2};
+    DTKHDDVD* toolkit = nullptr;
+    ASSERT_EQ(CreateDrawingToolkit_HDDVD_SW(nullptr, nullptr, 0, &toolkit), 0);
+    auto* pen = reinterpret_cast<DTKHDDVDPen*>(this);
+    const Outcome outcome = run([&] { return toolkit->CreatePen(toolkit, &shape, &pen); });
+    EXPECT_EQ(outcome.result, invalid_argument);
+    EXPECT_EQ(outcome.error, complaint("DTKHDDVD_CreatePen", "An invalid argument has been specified"));
+    EXPECT_EQ(pen, nullptr);
+    toolkit->Release(toolkit);
+}
+
 TEST_F(RefusedArguments, OfPens)
 {
     const Toolkit toolkit = hardware_toolkit();

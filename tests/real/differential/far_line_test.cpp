@@ -1,0 +1,129 @@
+#include "real/differential/bench.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <set>
+
+namespace differential {
+namespace {
+
+using Pixel = std::pair<int, int>;
+
+int somewhere(std::mt19937& random, long long reach)
+{
+    return static_cast<int>(std::uniform_int_distribution<long long>(-reach, reach)(random));
+}
+
+/// Half of them cross the surface for sure, which lines between random far points hardly ever do.
+std::vector<DFBPoint> random_line(std::mt19937& random, long long reach)
+{
+    const DFBPoint from = {somewhere(random, reach), somewhere(random, reach)};
+    if (random() % 2)
+        return {from, {somewhere(random, reach), somewhere(random, reach)}};
+    const double through_x = static_cast<double>(random() % surface_width);
+    const double through_y = static_cast<double>(random() % surface_height);
+    const double times = 1 + static_cast<double>(random() % 1000) / 1000;
+    const auto beyond = [=](double through, double start) {
+        return static_cast<int>(std::clamp(start + (through - start) * times, -2147483648.0, 2147483647.0));
+    };
+    return {from, {beyond(through_x, from.x), beyond(through_y, from.y)}};
+}
+
+/// The walk to the right that DirectFB's own routine takes, in 128 bits and looked at row by row and column by column.
+std::set<Pixel> walked(const std::vector<DFBPoint>& line)
+{
+    const bool goes_right = line[1].x > line[0].x;
+    const DFBPoint from = line[goes_right ? 0 : 1], to = line[goes_right ? 1 : 0];
+    const __int128 width = __int128(to.x) - from.x, height = std::abs(static_cast<long long>(to.y) - from.y);
+    const int down = to.y < from.y ? -1 : 1;
+    std::set<Pixel> pixels;
+    if (width >= height) {
+        for (int x = std::max(0, from.x); x <= std::min(surface_width - 1, to.x); ++x) {
+            const auto y = static_cast<long long>(from.y + down * ((width / 2 + (x - __int128(from.x)) * height) / width));
+            if (y >= 0 && y < surface_height)
+                pixels.insert({x, static_cast<int>(y)});
+        }
+    } else {
+        for (int y = 0; y < surface_height; ++y) {
+            const __int128 step = down * (__int128(y) - from.y);
+            const auto x = static_cast<long long>(from.x + (height / 2 + step * width) / height);
+            if (step >= 0 && step <= height && x >= 0 && x < surface_width)
+                pixels.insert({static_cast<int>(x), y});
+        }
+    }
+    return pixels;
+}
+
+constexpr u32 grey = 0xff808080, white = 0xffffffff;
+
+std::set<Pixel> drawn(const Picture& picture)
+{
+    std::set<Pixel> pixels;
+    for (int i = 0; i < surface_width * surface_height; ++i) {
+        if (picture[static_cast<std::size_t>(i)] != grey)
+            pixels.insert({i % surface_width, i / surface_width});
+    }
+    return pixels;
+}
+
+Scene line_scene(const std::vector<DFBPoint>& points)
+{
+    return {Primitive::line, DSPF_ARGB, {}, points, false, DTKHDDVD_STROKE, {255, 255, 255, 255}, {}, Texture::none, {}};
+}
+
+bool is_too_long(const std::vector<DFBPoint>& line)
+{
+    const double width = std::abs(1.0 * line[1].x - line[0].x), height = std::abs(1.0 * line[1].y - line[0].y);
+    return std::max(width, 1.0) * std::max(height, 1.0) > 2147483647.0;
+}
+
+std::string text(const std::vector<DFBPoint>& line)
+{
+    return std::to_string(line[0].x) + "," + std::to_string(line[0].y) + " to " + std::to_string(line[1].x) + "," +
+           std::to_string(line[1].y);
+}
+
+class FarLines : public testing::TestWithParam<long long> {};
+
+TEST_P(FarLines, AreTheSameOnBothBackEndsAndThoseThatAreCutAreTheirWalk)
+{
+    const Picture background(surface_width * surface_height, grey);
+    std::mt19937 random(11);
+    int cut_lines = 0;
+    for (int i = 0; i < 600; ++i) {
+        const std::vector<DFBPoint> line = random_line(random, GetParam());
+        const auto software = Bench::instance().draw(BackEnd::software, line_scene(line), background);
+        const auto hardware = Bench::instance().draw(BackEnd::hardware, line_scene(line), background);
+        ASSERT_TRUE(software && hardware) << text(line);
+        ASSERT_EQ(drawn(*software), drawn(*hardware)) << text(line);
+        if (!is_too_long(line))
+            continue;
+        ASSERT_EQ(drawn(*software), walked(line)) << text(line);
+        cut_lines += !walked(line).empty();
+    }
+    EXPECT_EQ(cut_lines > 0, GetParam() > 20000);
+}
+
+INSTANTIATE_TEST_SUITE_P(Reach, FarLines, testing::Values(1000, 16000, 20000, 40000, 1000000, 1LL << 30, 2147483647));
+
+TEST(FarLine, AcrossAllNumbersAndUprightAndLevelOnes)
+{
+    const int least = -2147483647 - 1, most = 2147483647;
+    const Picture background(surface_width * surface_height, grey);
+    for (const std::vector<DFBPoint>& line : std::vector<std::vector<DFBPoint>>{{{least, least}, {most, most}},
+                                                                               {{most, least}, {least, most}},
+                                                                               {{least, 3}, {most, 3}},
+                                                                               {{9, most}, {9, least}},
+                                                                               {{least, 0}, {most, 149}},
+                                                                               {{0, least}, {199, most}}}) {
+        for (const BackEnd back_end : {BackEnd::software, BackEnd::hardware}) {
+            const auto picture = Bench::instance().draw(back_end, line_scene(line), background);
+            ASSERT_TRUE(picture);
+            EXPECT_EQ(drawn(*picture), walked(line)) << text(line);
+        }
+    }
+}
+
+} // namespace
+} // namespace differential
