@@ -1,4 +1,4 @@
-/* Prints the events of the window's mouse and keyboard, and ends with Escape. */
+/* Prints the events of the window's mouse and keyboard until Escape, then makes and ends contexts of the layer, and ends. */
 #include <stdio.h>
 
 #include <directfb.h>
@@ -46,6 +46,18 @@ static void print_events(IDirectFB *dfb)
     events->Release(events);
 }
 
+static void make_contexts(IDirectFB *dfb)
+{
+    IDirectFBDisplayLayer *layer;
+    int i;
+
+    for (i = 0; i < 300; ++i) {
+        dfb->GetDisplayLayer(dfb, DLID_PRIMARY, &layer);
+        layer->SetCooperativeLevel(layer, DLSCL_EXCLUSIVE);
+        layer->Release(layer);
+    }
+}
+
 int main(int argc, char **argv)
 {
     const DFBSurfaceDescription description = {
@@ -63,6 +75,7 @@ int main(int argc, char **argv)
     screen->Flip(screen, NULL, DSFLIP_NONE);
     print_events(dfb);
     screen->Release(screen);
+    make_contexts(dfb);
     dfb->Release(dfb);
     return 0;
 }
