@@ -215,4 +215,29 @@ TEST_F(SoftwareRectangle, TreatsAOnePixelPenLikeNone)
     drop_pen(toolkit);
 }
 
+TEST_F(SoftwareRectangle, WithoutFlagsTouchesNeitherTargetNorPad)
+{
+    const Toolkit toolkit = software_toolkit(1);
+    toolkit->SetStrokeColor(toolkit.get(), 1, 2, 3, 4);
+    toolkit->SetFillColor(toolkit.get(), 1, 2, 3, 4);
+    calls();
+    const DFBRectangle rect = {1, 2, 3, 4};
+    const DFBPoint points[] = {{1, 1}, {9, 9}, {1, 9}};
+    EXPECT_EQ(toolkit->Rectangle(toolkit.get(), &rect, 0), 0);
+    EXPECT_EQ(toolkit->Polygon(toolkit.get(), points, 3, 1, 4), 0);
+    EXPECT_EQ(calls(), "\n");
+}
+
+TEST_F(SoftwareRectangle, PassesOnThatItsPadHasNoPixelFormat)
+{
+    const Toolkit toolkit = software_toolkit(1);
+    toolkit->SetStrokeColor(toolkit.get(), 1, 2, 3, 4);
+    const DFBRectangle rect = {1, 2, 3, 4};
+    transcript().fail_every("scratch.GetPixelFormat", refusal);
+    const Outcome outcome = run([&] { return toolkit->Rectangle(toolkit.get(), &rect, DTKHDDVD_STROKE); });
+    EXPECT_EQ(outcome.result, refusal);
+    EXPECT_EQ(outcome.error, complaint("DTKHDDVD_Rectangle", refusal_text));
+    EXPECT_EQ(calls_with("Blit("), "\n");
+}
+
 } // namespace

@@ -2,6 +2,7 @@
 #include "support/fixture.h"
 
 #include <algorithm>
+#include <array>
 
 /// Tells a leak checker, if there is one, to overlook what is allocated from now on.
 extern "C" __attribute__((weak)) void __lsan_disable();
@@ -99,6 +100,12 @@ TEST_F(Frames, StampEachPhaseInMicrosecondsCutToThirtyTwoBits)
     u32 expected = start;
     for (const int* stamp : stamps)
         EXPECT_EQ(static_cast<u32>(*stamp), expected += 1000);
+}
+
+TEST_F(Frames, MeasureAcrossTheEndOfThirtyTwoBits)
+{
+    fake::clock().microseconds = 419450LL * (1LL << 32) - 100000; // 2^32 microseconds end in the middle of the frames.
+    EXPECT_EQ(run_frames(20).error, beginning + report("399 msec for the last 20 frames - > 66.666 FPS\n", 1));
 }
 
 TEST_F(Frames, AreSetUpWithATextureAndAToolkit)
@@ -212,6 +219,35 @@ TEST_F(Frames, EndWithPensPatternAndFlip)
     EXPECT_NE(lines.find("draw_line(7, 320, 240, "), std::string::npos);
     EXPECT_THAT(only(end, "draw_rectangle_border"), testing::MatchesRegex(".*.7, .300 [0-9]+ 200 100., 0x31.\n"));
     EXPECT_NE(end.find("screen.Flip(NULL, 0)"), std::string::npos);
+}
+
+TEST_F(Frames, MoveTheirBoxesToAndFro)
+{
+    // On 640 x 480 the ellipse has 68 steps of 5 pixels from below, and the rectangle 76 from above.
+    for (const auto& [number, ellipse_y, rectangle_y] :
+         {std::array{1, 335, 5}, {2, 330, 10}, {69, 5, 345}, {77, 45, 375}}) {
+        const std::string frame = last_frame_on_the_engine(number);
+        EXPECT_NE(frame.find(fake::text("draw_ellipse_border(7, [140 %d 200 140]", ellipse_y)), std::string::npos)
+            << number << only(frame, "_border");
+        EXPECT_NE(frame.find(fake::text("draw_rectangle_border(7, [300 %d 200 100]", rectangle_y)), std::string::npos)
+            << number << only(frame, "_border");
+        transcript().reset();
+    }
+}
+
+TEST_F(Frames, DrawWithTheirPens)
+{
+    // The pen of the rectangle changes from frame to frame.
+    const char* const rectangle_pens[] = {"-6,2 2,-6 6,-2 -2,6", "0,-6 6,0 0,6 -6,0", "-6,-2 6,-2 6,2 -6,2",
+                                          "-6,-6 6,-6 -1,-1 -6,6", "-4,-4 4,-4 4,4 -4,4"};
+    for (int number = 1; number <= 5; ++number) {
+        EXPECT_EQ(only(last_frame_on_the_engine(number), "set_pen"),
+                  "zuvo_dtk_set_pen(7, [-4,-2 2,-4 4,2 -2,4], bbd0d0d0)\n"
+                  "zuvo_dtk_set_pen(7, [-5,3 3,-5 5,-3 -3,5], bbd08060)\n"
+                  "zuvo_dtk_set_pen(7, [" + std::string(rectangle_pens[number - 1]) + "], bbffff66)\n"
+                  "zuvo_dtk_set_pen(7, [0,-4 4,0 0,4 -4,0], bbffffff)\n");
+        transcript().reset();
+    }
 }
 
 TEST_F(Frames, SkipTheRestOfAFailingPhaseAlone)
