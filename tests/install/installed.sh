@@ -84,7 +84,7 @@ case $case_name in
     pycairo_draws_beside_it)
         for order in 'cairo df_rosette' 'df_rosette cairo'; do
             # shellcheck disable=SC2086 # The modules are split.
-            LD_LIBRARY_PATH="$libraries" "$PYTHON" "$here/beside_pycairo.py" "$PREFIX/share/doc/dtkhddvd/examples" \
+            LD_LIBRARY_PATH="$libraries" "$PYTHON" -B "$here/beside_pycairo.py" "$PREFIX/share/doc/dtkhddvd/examples" \
                 "$headless" $order || wrong "fails: $order"
         done
         ;;
