@@ -9,7 +9,10 @@
 namespace differential {
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+// Machines other than x86 are emulated here, and some have no floating point unit.
+#if !defined(__x86_64__) && !defined(__i386__)
+constexpr double most_seconds = 300;
+#elif defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr double most_seconds = 20;
 #else
 constexpr double most_seconds = 1;
