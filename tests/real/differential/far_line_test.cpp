@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <set>
 
@@ -30,25 +31,30 @@ std::vector<DFBPoint> random_line(std::mt19937& random, long long reach)
     return {from, {beyond(through_x, from.x), beyond(through_y, from.y)}};
 }
 
-/// The walk to the right that DirectFB's own routine takes, in 128 bits and looked at row by row and column by column.
+/// The walk to the right that DirectFB's own routine takes, looked at row by row and column by column. Unsigned numbers of
+/// 64 bits hold every product of two lengths.
 std::set<Pixel> walked(const std::vector<DFBPoint>& line)
 {
     const bool goes_right = line[1].x > line[0].x;
     const DFBPoint from = line[goes_right ? 0 : 1], to = line[goes_right ? 1 : 0];
-    const __int128 width = __int128(to.x) - from.x, height = std::abs(static_cast<long long>(to.y) - from.y);
+    const auto length = [](int low, int high) { return static_cast<std::uint64_t>(static_cast<long long>(high) - low); };
+    const auto after = [](std::uint64_t steps, std::uint64_t rise, std::uint64_t run) {
+        return static_cast<long long>((run / 2 + steps * rise) / run);
+    };
     const int down = to.y < from.y ? -1 : 1;
+    const std::uint64_t width = length(from.x, to.x);
+    const std::uint64_t height = length(std::min(from.y, to.y), std::max(from.y, to.y));
     std::set<Pixel> pixels;
     if (width >= height) {
         for (int x = std::max(0, from.x); x <= std::min(surface_width - 1, to.x); ++x) {
-            const auto y = static_cast<long long>(from.y + down * ((width / 2 + (x - __int128(from.x)) * height) / width));
+            const long long y = from.y + down * after(length(from.x, x), height, width);
             if (y >= 0 && y < surface_height)
                 pixels.insert({x, static_cast<int>(y)});
         }
     } else {
-        for (int y = 0; y < surface_height; ++y) {
-            const __int128 step = down * (__int128(y) - from.y);
-            const auto x = static_cast<long long>(from.x + (height / 2 + step * width) / height);
-            if (step >= 0 && step <= height && x >= 0 && x < surface_width)
+        for (int y = std::max(0, std::min(from.y, to.y)); y <= std::min(surface_height - 1, std::max(from.y, to.y)); ++y) {
+            const long long x = from.x + after(length(std::min(from.y, y), std::max(from.y, y)), width, height);
+            if (x >= 0 && x < surface_width)
                 pixels.insert({static_cast<int>(x), y});
         }
     }
