@@ -9,10 +9,10 @@
 namespace differential {
 namespace {
 
-// Machines other than x86 are emulated here, and some have no floating point unit.
+// Machines other than x86 are emulated here, and some have no floating point unit. i386 walks in halves of 64 bits.
 #if !defined(__x86_64__) && !defined(__i386__)
 constexpr double most_seconds = 300;
-#elif defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#elif defined(__i386__) || defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr double most_seconds = 20;
 #else
 constexpr double most_seconds = 1;
