@@ -53,8 +53,16 @@ void insert_by_x(PolygonEdge** edges, size_t place, PolygonEdge* edge)
     edges[place] = edge;
 }
 
-/// Brings sorted edges to the next row and drops those that end there. Answers how many are left.
-size_t advance_all(PolygonEdge** edges, size_t count, int row)
+/// Keeps the edges in the order in which they are.
+void put_last(PolygonEdge** edges, size_t place, PolygonEdge* edge)
+{
+    edges[place] = edge;
+}
+
+/// Brings edges to the next row and drops those that end there; `put(edges, place, edge)` puts each of the others behind
+/// those before. Answers how many are left.
+template <typename Put>
+size_t advance_all(PolygonEdge** edges, size_t count, int row, Put&& put)
 {
     size_t kept = 0;
     for (size_t i = 0; i < count; ++i) {
@@ -62,7 +70,7 @@ size_t advance_all(PolygonEdge** edges, size_t count, int row)
         if (edge->end_row <= row)
             continue;
         advance(*edge);
-        insert_by_x(edges, kept++, edge);
+        put(edges, kept++, edge);
     }
     return kept;
 }
@@ -91,20 +99,6 @@ int collect_spans(PolygonEdge* const* edges, size_t count, int width, int closed
         end = next;
     }
     return span_count;
-}
-
-/// The same without an order.
-size_t advance_unsorted(PolygonEdge** edges, size_t count, int row)
-{
-    size_t kept = 0;
-    for (size_t i = 0; i < count; ++i) {
-        PolygonEdge* const edge = edges[i];
-        if (edge->end_row <= row)
-            continue;
-        advance(*edge);
-        edges[kept++] = edge;
-    }
-    return kept;
 }
 
 /// How the winding number changes along a row, column by column. Edges that begin in the same column need no order.
@@ -214,7 +208,7 @@ bool PolygonScan::scan_few(RowSink& sink)
         if (count)
             sink.take(sink, row, spans.items, count);
 
-        active_count = advance_all(active.items, active_count, row + 1);
+        active_count = advance_all(active.items, active_count, row + 1, insert_by_x);
     }
     return true;
 }
@@ -239,7 +233,7 @@ bool PolygonScan::scan_many(RowSink& sink)
         if (count)
             sink.take(sink, row, spans.items, count);
 
-        active_count = advance_unsorted(active.items, active_count, row + 1);
+        active_count = advance_all(active.items, active_count, row + 1, put_last);
     }
     return true;
 }
