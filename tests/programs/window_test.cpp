@@ -55,9 +55,9 @@ std::string slow_demo(const std::string& arguments)
     return in_words(arguments) + " --rate 0.1 --seconds 60";
 }
 
-bool appears(const XServer& server, const Picture& picture)
+bool appears(const XServer& server, const Picture& picture, std::size_t x = left, std::size_t y = top)
 {
-    return await([&] { return server.screen(left, top, width, height).pixels == picture.pixels; });
+    return await([&] { return server.screen(x, y, width, height).pixels == picture.pixels; });
 }
 
 bool has_window(const XServer& server, const std::string& program)
@@ -111,8 +111,7 @@ TEST(WaylandCompositor, ShowsTheWindowUntilItEnds)
     ASSERT_NE(compositor.environment(), "");
     const Picture expected = first_frame("");
     Program demo(compositor.environment(), slow_demo(""));
-    EXPECT_TRUE(await([&] { return compositor.screen().screen(0, 0, width, height).pixels == expected.pixels; }))
-        << demo.output();
+    EXPECT_TRUE(appears(compositor.screen(), expected, (800 - width) / 2, 0)) << demo.output();
     compositor.kill();
     const Outcome outcome = demo.wait();
     EXPECT_EQ(outcome.status, 0) << outcome.output;

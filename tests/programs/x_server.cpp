@@ -145,12 +145,12 @@ bool WindowManager::close(const std::string& title) const
     return await([&] { return server_.run("wmctrl -c '" + title + "'"); });
 }
 
-/// The pointer waits beside the compositor's output, or its picture would be in the window's.
+/// The pointer waits in the strip at the right, or its picture would be in the window's.
 Compositor::Compositor()
     : directory_(new_directory()),
       process_("export XDG_RUNTIME_DIR=" + directory_ + " " + screen_.environment() +
-               "; xdotool mousemove 799 599; exec weston --backend=x11-backend.so --use-pixman --shell=kiosk-shell.so"
-               " --width=640 --height=480 --idle-time=0 --no-config --socket=wayland-test")
+               "; xdotool mousemove 790 300; exec weston --backend=x11-backend.so --use-pixman --shell=kiosk-shell.so"
+               " --width=800 --height=480 --idle-time=0 --no-config --socket=wayland-test")
 {
     if (await([&] { return std::filesystem::exists(directory_ + "/wayland-test"); }))
         environment_ = "HOME=" + directory_ + " XDG_RUNTIME_DIR=" + directory_ + " WAYLAND_DISPLAY=wayland-test";

@@ -67,7 +67,7 @@ private:
     Process process_;
 };
 
-/// A Wayland compositor of 640 x 480 pixels that shows every window full screen. Its own screen is a window in the upper left
+/// A Wayland compositor of 800 x 480 pixels that shows every window full screen. Its own screen is a window in the upper left
 /// corner of an X server.
 class Compositor {
 public:
@@ -85,16 +85,17 @@ private:
     Process process_;
 };
 
-/// Asks @p is_reached every 20 milliseconds for 20 seconds at most. Returns its last answer.
+/// Asks @p is_reached every 20 milliseconds, for 20 seconds at most. Returns its last answer.
 template <typename Condition>
 bool await(Condition is_reached)
 {
-    for (int tries = 0; tries < 1000; ++tries) {
-        if (is_reached())
-            return true;
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!is_reached()) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
-    return false;
+    return true;
 }
 
 #endif
