@@ -51,7 +51,7 @@ static void make_contexts(IDirectFB *dfb)
     IDirectFBDisplayLayer *layer;
     int i;
 
-    for (i = 0; i < 300; ++i) {
+    for (i = 0; i < 3000; ++i) {
         dfb->GetDisplayLayer(dfb, DLID_PRIMARY, &layer);
         layer->SetCooperativeLevel(layer, DLSCL_EXCLUSIVE);
         layer->Release(layer);

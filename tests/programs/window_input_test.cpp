@@ -95,8 +95,8 @@ TEST(WindowInput, AKeyMakesTheWindowFullScreenAndIsNotHandedOn)
 TEST(WindowInput, EventsWhileTheProgramEndsDoNoHarm)
 {
     std::string events = "mousemove 200 200 key a key Escape";
-    for (int i = 0; i < 100; ++i)
-        events += " mousemove " + std::to_string(210 + i) + " 210";
+    for (int i = 0; i < 400; ++i)
+        events += " sleep 0.002 mousemove " + std::to_string(210 + i % 100) + " 210";
     for (int i = 0; i < 5; ++i) {
         Listener listener;
         listener.send(events);

@@ -127,6 +127,16 @@ TEST_P(Example, EndsWhenItsServerIsKilled)
     expect_end_without_display(program.wait());
 }
 
+/// OpenGL's library ends with a look at the display that the last call of Xlib has locked.
+TEST(AProgramThatUsesOpenGL, EndsWhenItsServerIsKilled)
+{
+    XServer server;
+    Program program("SDL_FRAMEBUFFER_ACCELERATION=1 " + server.environment(), "df_clock");
+    EXPECT_TRUE(await([&] { return server.screen(400, 300, 1, 1).pixels.at(0) != 0; }));
+    server.kill();
+    expect_end_without_display(program.wait());
+}
+
 TEST_P(Example, EndsWhenItsWindowIsClosed)
 {
     const XServer server;

@@ -5,7 +5,7 @@
 #include <stdlib.h>
 #include <string.h>
 
-#include <X11/Xlib.h>
+#include <X11/Xlibint.h>
 
 #include "seat.h"
 
@@ -16,14 +16,14 @@ static pthread_t owner;
 static XIOErrorHandler other_handler;
 
 /*
- * Xlib ends the process when this returns. It has locked the display for this thread, and exit handlers of other libraries
- * want to lock it, too.
+ * Xlib ends the process when this returns. It has locked the display for this thread, in some calls so that XUnlockDisplay
+ * has no effect, and exit handlers of other libraries want to lock it, too. Nobody needs its lock any more.
  */
 static int on_lost_connection(Display *display)
 {
     if (!pthread_equal(pthread_self(), owner))
         return other_handler(display);
-    XUnlockDisplay(display);
+    display->lock_fns = NULL;
     lost();
     return 0;
 }
