@@ -86,7 +86,8 @@ TEST(WithoutSdl, OneLineTellsWhatToInstall)
     const std::string place = temporary_file("libraries");
     std::filesystem::create_directory(place);
     std::filesystem::copy(PROGRAMS "/libzuvo.so.1", place);
-    const Outcome outcome = run_command(demo, "DISPLAY=:987 LD_LIBRARY_PATH=" + place);
+    const std::string path = place + "${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}";
+    const Outcome outcome = run_command(demo, "DISPLAY=:987 LD_LIBRARY_PATH=" + path);
     std::filesystem::remove_all(place);
     EXPECT_EQ(outcome.status, 0) << outcome.output;
     EXPECT_EQ(count(outcome.output, "zuvo: "), 1u) << outcome.output;
