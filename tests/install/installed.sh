@@ -43,6 +43,7 @@ case $case_name in
             bin/dtk_demo bin/dtk_bench bin/test_dtkhd share/man/man1/dtk_demo.1 share/man/man1/dtk_bench.1 \
             share/man/man1/test_dtkhd.1 share/man/man3/dtkhddvd.3 share/doc/dtkhddvd/examples/hello.c
         [ -z "$HAS_WINDOW" ] || expect_in_place "$LIBRARIES/libzuvo_window.so"
+        [ -x "$PREFIX/share/doc/dtkhddvd/examples/df_rosette.py" ] || wrong "the Python example cannot be run"
         for library in libdtkhddvd libzuvo; do
             [ "$(readlink "$libraries/$library.so")" = "$library.so.${VERSION%%.*}" ] || wrong "no link for $library"
         done
@@ -62,6 +63,19 @@ case $case_name in
             "$CMAKE" --build "$work/build" >> "$work/log" 2>&1 || wrong "does not build: $(cat "$work/log")"
         "$work/build/c_user" "$headless" || wrong "the C user draws something else"
         "$work/build/cxx_user" "$headless" || wrong "the C++ user draws something else"
+        ;;
+    part_of_another_project)
+        unset PKG_CONFIG_PATH
+        for way in add_subdirectory FetchContent; do
+            "$CMAKE" -S "$here/subproject" -B "$work/$way" "-DDTKHDDVD=$project" -DWAY=$way -DCMAKE_BUILD_TYPE=Release \
+                > "$work/log" 2>&1 || wrong "cannot be configured by $way: $(cat "$work/log")"
+        done
+        "$CMAKE" --build "$work/FetchContent" -j 2 > "$work/log" 2>&1 || wrong "does not build: $(cat "$work/log")"
+        "$work/FetchContent/c_user" "$headless" || wrong "draws something else"
+        others=$(find "$work/FetchContent" -name CMakeFiles -prune -o -type f -executable ! -name '*.so*' ! -name c_user -print)
+        [ -z "$others" ] || wrong "other programs are built: $others"
+        "$CMAKE" --install "$work/FetchContent" --prefix "$work/prefix" > "$work/log"
+        [ ! -e "$work/prefix" ] || wrong "the parent's installation holds the toolkit's: $(cat "$work/log")"
         ;;
     examples_compile)
         for source in "$PREFIX"/share/doc/dtkhddvd/examples/*.c; do

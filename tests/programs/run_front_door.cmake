@@ -24,6 +24,7 @@ foreach(case
     every_machine_is_tested
     failing_machine_holds_up_no_other
     install_passes_the_prefix
+    what_was_installed_is_removed
     demo_passes_options
     demo_opens_a_window
     packages_are_made

@@ -150,7 +150,7 @@ expect_row() {
 case $case_name in
     words_are_listed)
         expect 0
-        for word in demo test build bench install deb docs check fuzz soak clean help; do
+        for word in demo test build bench install uninstall deb docs check fuzz soak clean help; do
             [ "$(grep -c "^  $word " "$place/out")" -eq 1 ] || wrong "no line for $word"
         done
         cp "$place/out" "$place/list"
@@ -366,6 +366,32 @@ END
         complete_machine
         expect 0 install --prefix "$place/there" --strip
         expect_called "cmake --install $tree/build --prefix $place/there --strip"
+        ;;
+    what_was_installed_is_removed)
+        complete_machine
+        stand_in cmake <<'END'
+[ "$1" = --install ] || exit 0
+folder=$DESTDIR$4
+mkdir -p "$folder/lib" "$folder/share/doc/dtkhddvd/examples"
+touch "$folder/lib/libdtkhddvd.so.1" "$folder/share/doc/dtkhddvd/examples/hello.c" "$folder/lib/libother.so"
+ln -sf libdtkhddvd.so.1 "$folder/lib/libdtkhddvd.so"
+printf '%s\n%s\n%s' "$4/lib/libdtkhddvd.so" "$4/lib/libdtkhddvd.so.1" "$4/share/doc/dtkhddvd/examples/hello.c" \
+    > "$2/install_manifest.txt"
+END
+        expect 0 install --prefix "$place/one place"
+        DESTDIR=$place/stage expect 0 install --prefix /opt
+        touch "$place/stage/opt/share/doc/dtkhddvd/somebody else's"
+        expect 0 uninstall
+        [ "$(cat "$place/out")" = 'removed 6 files' ] || wrong "another message"
+        (cd "$place" && find 'one place' stage ! -type d) | sort > "$place/left"
+        [ "$(cat "$place/left")" = "one place/lib/libother.so
+stage/opt/lib/libother.so
+stage/opt/share/doc/dtkhddvd/somebody else's" ] || wrong "something else is left: $(cat "$place/left")"
+        [ ! -e "$place/one place/share/doc/dtkhddvd" ] || wrong "an empty folder is left"
+        [ -d "$place/one place/share/doc" ] || wrong "a folder of others is gone"
+        expect 1 uninstall
+        expect_last_error "run: $tree/build/installed.txt, the list of installed files, is not there: ./run install with the\
+ same --prefix makes it"
         ;;
     demo_passes_options)
         complete_machine
