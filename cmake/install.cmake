@@ -20,9 +20,9 @@ install(TARGETS dtkhddvd EXPORT dtkhddvd
 install(TARGETS zuvo EXPORT dtkhddvd
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT platform NAMELINK_COMPONENT development
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd)
-# Loaded by libzuvo from its own folder, where there is a display.
+# Loaded by libzuvo from the folder beside it, where there is a display.
 if(TARGET zuvo_window)
-  install(TARGETS zuvo_window LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT window)
+  install(TARGETS zuvo_window LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/zuvo COMPONENT window)
 endif()
 if(programs)
   set_target_properties(${programs} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")

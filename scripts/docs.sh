@@ -8,7 +8,7 @@ directory=${1:-$build/docs}
 "$root/scripts/packages.sh" docs
 mkdir -p "$directory"
 cd "$root"
-{ cat docs/Doxyfile; printf 'OUTPUT_DIRECTORY = "%s"\n' "$directory"; } | doxygen - ||
+DTKHDDVD_DOCS=$directory doxygen docs/Doxyfile ||
     fail "the documentation has faults: see above"
 
 # mandoc does not know pages that are not installed.

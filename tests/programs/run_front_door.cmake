@@ -28,6 +28,9 @@ foreach(case
     demo_passes_options
     demo_opens_a_window
     packages_are_made
+    release_is_the_same_bytes
+    uncommitted_release_is_refused
+    release_of_two_versions_is_refused
     documentation_is_made
     clean_removes_the_build)
   add_test(NAME run.${case} COMMAND ${CMAKE_CURRENT_LIST_DIR}/run_front_door.sh ${case})
