@@ -53,6 +53,12 @@ case $case_name in
         compile "$CC -std=c99 -Wall -Wextra -Werror" "$here/user.c"
         "$work/user" "$headless" || wrong "draws something else"
         ;;
+    readme_program_compiles)
+        sed -n '/^```c$/,/^```$/ { /^```/! p }' "$project/README.md" > "$work/badge.c"
+        [ "$(grep -c 'main(' "$work/badge.c")" -eq 1 ] || wrong "there is not one program in the README"
+        compile "$CC -Wall -Wextra -Werror" "$work/badge.c"
+        "$work/user" "$headless" || wrong "fails with $?"
+        ;;
     cxx_user_with_pkg_config)
         compile "$CXX" "$here/user.cpp"
         "$work/user" "$headless" || wrong "draws something else"

@@ -32,6 +32,8 @@ foreach(case
     uncommitted_release_is_refused
     release_of_two_versions_is_refused
     documentation_is_made
+    dead_links_are_told
+    broken_tables_are_told
     clean_removes_the_build)
   add_test(NAME run.${case} COMMAND ${CMAKE_CURRENT_LIST_DIR}/run_front_door.sh ${case})
   set_tests_properties(run.${case} PROPERTIES LABELS programs TIMEOUT 60)
