@@ -1,15 +1,17 @@
 # What an installation holds: headers, both libraries, pkg-config and CMake packages, the programs, their manual pages and
-# the examples. The components are the packages of packages.cmake.
+# the examples. Its components are for "cmake --install build --component NAME".
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/dtkhddvd)
 
-set(programs dtk_bench dtk_demo test_dtkhd)
+set(programs "")
+if(TARGET dtk_demo)
+  set(programs dtk_bench dtk_demo test_dtkhd)
+endif()
 
 # An rpath that CMake is to change at the installation ends with an empty entry, which is the current folder. So these
 # files are linked with rpaths that serve in both places.
 set_target_properties(dtkhddvd PROPERTIES INSTALL_RPATH $ORIGIN)
-set_target_properties(${programs} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
 set_target_properties(dtkhddvd zuvo ${programs} PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
 
 install(TARGETS dtkhddvd EXPORT dtkhddvd
@@ -18,16 +20,21 @@ install(TARGETS dtkhddvd EXPORT dtkhddvd
 install(TARGETS zuvo EXPORT dtkhddvd
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT platform NAMELINK_COMPONENT development
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd)
-# Loaded by libzuvo from its own folder, where there is a display.
+# Loaded by libzuvo from the folder beside it, where there is a display.
 if(TARGET zuvo_window)
-  install(TARGETS zuvo_window LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT window)
+  install(TARGETS zuvo_window LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/zuvo COMPONENT window)
 endif()
-install(TARGETS ${programs} RUNTIME COMPONENT tools)
+if(programs)
+  set_target_properties(${programs} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
+  install(TARGETS ${programs} RUNTIME COMPONENT tools)
+  install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools FILES_MATCHING PATTERN *.1)
+endif()
 install(FILES include/dtkhddvd.h include/dtkhddvd.hpp platform/include/zuvo.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd COMPONENT development)
-install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT documentation
-  FILES_MATCHING PATTERN hello.c PATTERN df_*)
-install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools FILES_MATCHING PATTERN *.1)
+set(example_dir ${CMAKE_INSTALL_DOCDIR}/examples)
+install(DIRECTORY examples/ DESTINATION ${example_dir} COMPONENT documentation
+  FILES_MATCHING PATTERN hello.c PATTERN df_*.c)
+install(PROGRAMS examples/df_rosette.py DESTINATION ${example_dir} COMPONENT documentation)
 install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT development FILES_MATCHING PATTERN *.3)
 
 install(EXPORT dtkhddvd NAMESPACE dtkhddvd:: FILE dtkhddvdTargets.cmake

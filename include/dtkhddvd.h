@@ -26,10 +26,11 @@
 extern "C" {
 #endif
 
-/** The version of the library that this header belongs to. */
+/** The version of the library that this header belongs to. @{ */
 #define DTKHDDVD_VERSION_MAJOR 1
 #define DTKHDDVD_VERSION_MINOR 0
 #define DTKHDDVD_VERSION_MICRO 0
+/** @} */
 
 /** The library's own results, as DFBResult numbers. DirectFB's own constants of these names have other values. */
 #define DTKHDDVD_OK 0           /**< Success. */
@@ -50,10 +51,12 @@ typedef struct DTKHDDVDPen_data DTKHDDVDPen_data;
 
 /** The four corners of a pen in drawing order, in pixels relative to the point that is drawn. */
 typedef struct DTKHDDVDPenShape {
+    /** One of the corners. @{ */
     int x0, y0;
     int x1, y1;
     int x2, y2;
     int x3, y3;
+    /** @} */
 } DTKHDDVDPenShape;
 
 /** The toolkit. Every slot holds the DTKHDDVD_ function of its name, which is documented below. */
@@ -61,6 +64,7 @@ struct DTKHDDVD {
     DTKHDDVD_data *priv;    /**< The toolkit's own state. */
     u32 magic;              /**< Always 0. */
 
+    /** The DTKHDDVD_ function of this name. @{ */
     DFBResult (*AddRef)(DTKHDDVD *thiz);
     DFBResult (*Release)(DTKHDDVD *thiz);
     DFBResult (*SetStrokeColor)(DTKHDDVD *thiz, u8 r, u8 g, u8 b, u8 a);
@@ -72,6 +76,7 @@ struct DTKHDDVD {
     DFBResult (*Rectangle)(DTKHDDVD *thiz, const DFBRectangle *rect, u32 flags);
     DFBResult (*Polygon)(DTKHDDVD *thiz, const DFBPoint *points, u32 num_points, u8 closed, u32 flags);
     DFBResult (*Ellipse)(DTKHDDVD *thiz, const DFBRectangle *rect, u32 flags);
+    /** @} */
 };
 
 /** A pen. Every slot holds the DTKHDDVDPen_ function of its name; GetShape is NULL in a software pen. */
@@ -79,11 +84,13 @@ struct DTKHDDVDPen {
     DTKHDDVDPen_data *priv; /**< The pen's own state. */
     u32 magic;              /**< Always 0. */
 
+    /** The DTKHDDVDPen_ function of this name. @{ */
     DFBResult (*AddRef)(DTKHDDVDPen *thiz);
     DFBResult (*Release)(DTKHDDVDPen *thiz);
     DFBResult (*GetSize)(DTKHDDVDPen *thiz, int *ret_width, int *ret_height);
     DFBResult (*GetSurface)(DTKHDDVDPen *thiz, IDirectFBSurface **ret_surface);
     DFBResult (*GetShape)(DTKHDDVDPen *thiz, const DTKHDDVDPenShape **ret_shape);
+    /** @} */
 };
 
 /**

@@ -15,6 +15,10 @@ root=$(dirname "$(dirname "$(readlink -f "$0")")")
 build=$root/build
 cache=${XDG_CACHE_HOME:-${HOME:-$build}/.cache}/dtkhddvd
 
+# What ./run install has put in place, one path a line.
+# shellcheck disable=SC2034
+installed=$build/installed.txt
+
 # pkg-config and the autotools take no such character in a folder's name.
 case $cache in
     *[[:space:]\"\'\\\`\$\&\#\;\|]*)

@@ -1,5 +1,6 @@
 #!/bin/sh
-# deb.sh: makes the Debian packages in build/deb and lets lintian look at them.
+# deb.sh: makes the Debian packages in build/deb by dpkg-buildpackage, from a copy of the sources, and lets blhc look for
+# compilations without hardening and lintian at everything. Once the needed packages are installed it needs no network.
 set -eu
 . "$(dirname "$0")/common.sh"
 
@@ -8,23 +9,25 @@ locked "$build/lock"
 directory=$build/deb
 log=$build/deb.log
 
-# Every file goes where a package of Debian has it, which CMake tells from the prefix.
-configure() {
-    cmake --fresh -S "$root" -B "$directory" -DCMAKE_INSTALL_PREFIX=/usr -DDTKHDDVD_TESTS=OFF \
-        "-DDTKHDDVD_HTML=$directory/docs/html" "-DDTKHDDVD_WERROR=${DTKHDDVD_WERROR:-OFF}"
+copy_sources() {
+    rm -rf "$directory" && mkdir -p "$directory/dtkhddvd" &&
+        tar -C "$root" --exclude-vcs --exclude=./build --exclude='./build-*' -c . | tar -C "$directory/dtkhddvd" -x
 }
 
+# The tests have ./run test, and symbols for a debugger the build directory.
+pack() {
+    cd "$directory/dtkhddvd" &&
+        DEB_BUILD_OPTIONS="nocheck noautodbgsym parallel=$(nproc)" dpkg-buildpackage -us -uc -Pnocheck
+}
+
+copy_sources || fail "the sources could not be copied to $directory: check the free space"
 : > "$log"
-"$root/scripts/docs.sh" "$directory/docs" > /dev/null
-say "configuring (deb) ..."
-logged "$log" "CMake could not configure: see the message above" configure
-say "building (deb) ..."
-cmake --build "$directory" -j "$(nproc)" || fail "the build failed: see the first error above"
-rm -f "$directory"/*.deb
-say "packing ..."
-logged "$log" "the packages could not be made: see the message above" cmake --build "$directory" --target package
+say "building and packing (its output goes to $log) ..."
+logged "$log" "the packages could not be made: see the message above" pack
+say "looking through the compilation ..."
+blhc --all "$log" || fail "blhc found a compilation without hardening: see above"
 say "looking through the packages ..."
-lintian --allow-root --no-cfg --suppress-tags-from-file "$root/scripts/deb.lintian" --fail-on error,warning "$directory"/*.deb ||
+lintian --allow-root --no-cfg --display-info --pedantic --fail-on error,warning,info,pedantic "$directory"/*.changes ||
     fail "lintian found something: see above"
 say "The packages:"
 for package in "$directory"/*.deb; do say "  $package"; done

@@ -1,6 +1,6 @@
 #!/bin/sh
-# docs.sh [DIRECTORY]: makes pages of the guide and of the public header's reference, in build/docs unless said otherwise. A
-# warning of Doxygen or mandoc is a failure.
+# docs.sh [DIRECTORY]: makes pages of the guide and of the public headers' reference, in build/docs unless said otherwise. A
+# warning of Doxygen or mandoc, a dead link and a table that Doxygen could not read are failures.
 set -eu
 . "$(dirname "$0")/common.sh"
 
@@ -8,8 +8,20 @@ directory=${1:-$build/docs}
 "$root/scripts/packages.sh" docs
 mkdir -p "$directory"
 cd "$root"
-{ cat docs/Doxyfile; printf 'OUTPUT_DIRECTORY = "%s"\n' "$directory"; } | doxygen - ||
+rm -rf "$directory/html"
+DTKHDDVD_DOCS=$directory DTKHDDVD_THEME=/usr/share/doxygen-awesome-css doxygen docs/Doxyfile ||
     fail "the documentation has faults: see above"
+
+# Where Doxygen loses its way in a table it leaves the table's tags in the text.
+! grep -l 'ilinebr\|&lt;td' "$directory"/html/*.html || fail "these pages have a broken table: see above"
+# linkchecker gives up root's rights, with which alone it might be able to read the build directory.
+copy=$(mktemp -d)
+trap 'rm -rf "$copy"' EXIT
+trap 'exit 1' HUP INT TERM
+cp -R "$directory/html" "$copy"
+chmod -R a+rX "$copy"
+links=$(cd "$copy/html" && linkchecker --no-status --no-warnings -r -1 index.html 2> /dev/null) || fail "a page has a dead link:
+$links"
 
 # mandoc does not know pages that are not installed.
 faults=$(mandoc -T lint docs/man/* | grep -v 'referenced manual not found' || :)

@@ -9,14 +9,15 @@ packages_of() {
     case $1 in
         build) echo cmake make g++ pkg-config libdirectfb-dev libcairo2-dev libpng-dev libsdl2-dev libdecor-0-plugin-1-cairo ;;
         test)
-            echo libgtest-dev libgmock-dev valgrind python3-cffi mandoc doxygen file abigail-tools dpkg-dev
+            echo libgtest-dev libgmock-dev valgrind python3-cffi mandoc doxygen doxygen-awesome-css linkchecker file abigail-tools dpkg-dev git
             # Other users of cairo, and a font.
             echo libpango1.0-dev python3-cairo fonts-dejavu-core
             # Displays, and what acts for the person in front of them.
             echo xvfb x11-utils xdotool openbox wmctrl weston libgl1-mesa-dri
             ;;
-        docs) echo doxygen mandoc ;;
-        deb) echo lintian file dpkg-dev ;;
+        docs) echo doxygen doxygen-awesome-css linkchecker mandoc ;;
+        deb) echo build-essential debhelper lintian blhc ;;
+        release) echo git ;;
         # For scripts/cairo.sh, which unpacks and compiles a source package.
         cairo) echo dpkg-dev libpixman-1-dev zlib1g-dev ;;
         bench) echo libbenchmark-dev gnuplot-nox ;;

@@ -1,11 +1,11 @@
-# The target directfb_internal: DirectFB's inside, and as definitions which form it has, that of 1.7 or that of its
+# The target zuvo_directfb_internal: DirectFB's inside, and as definitions which form it has, that of 1.7 or that of its
 # successor DirectFB2. Both have one driver ABI number, and code compiled for the other one crashes, so no version is
 # trusted: each form is compiled. What the forms mean to the sources is in directfb_variant.h.
 include(CheckCSourceCompiles)
 
-add_library(directfb_internal INTERFACE)
-target_include_directories(directfb_internal INTERFACE ${CMAKE_CURRENT_LIST_DIR})
-target_link_libraries(directfb_internal INTERFACE PkgConfig::DIRECTFB_INTERNAL)
+add_library(zuvo_directfb_internal INTERFACE)
+target_include_directories(zuvo_directfb_internal INTERFACE ${CMAKE_CURRENT_LIST_DIR})
+target_link_libraries(zuvo_directfb_internal INTERFACE PkgConfig::DIRECTFB_INTERNAL)
 
 # check_directfb(RESULT CODE): whether the code compiles.
 function(check_directfb result code)
@@ -30,7 +30,7 @@ function(find_form definition code other_code)
         "platform knows: ${CMAKE_BINARY_DIR}/CMakeFiles/CMakeError.log shows why ${definition} is undecided")
     endif()
   endif()
-  target_compile_definitions(directfb_internal INTERFACE ${definition}=$<BOOL:${${definition}}>)
+  target_compile_definitions(zuvo_directfb_internal INTERFACE ${definition}=$<BOOL:${${definition}}>)
 endfunction()
 
 find_form(DIRECTFB_DRIVER_HAS_DEVICE

@@ -16,7 +16,10 @@
 extern "C" {
 #endif
 
-/** @name Errors @{ */
+/**
+ * @name Errors
+ * @{
+ */
 
 /** What the hosted platform answers when a call fails. A board has codes of its own. */
 enum zuvo_error {
@@ -43,7 +46,10 @@ enum zuvo_error {
 const char *zuvo_error_text(int error);
 
 /** @} */
-/** @name Start-up and display @{ */
+/**
+ * @name Start-up and display
+ * @{
+ */
 
 /** A display's settings. zuvo_display_get fills the whole record, zuvo_display_set reads it. */
 typedef struct zuvo_display_settings {
@@ -70,7 +76,10 @@ int zuvo_display_get(unsigned int display, zuvo_display_settings *settings);
 int zuvo_display_set(unsigned int display, zuvo_display_settings *settings);
 
 /** @} */
-/** @name DirectFB @{ */
+/**
+ * @name DirectFB
+ * @{
+ */
 
 /** A graphics layer's settings. */
 typedef struct zuvo_dfb_ext_layer_settings {
@@ -113,13 +122,15 @@ int zuvo_dfb_ext_layer_get(unsigned int layer, zuvo_dfb_ext_layer_settings *sett
 #define ZUVO_DTK_BLEND 0x01u
 #define ZUVO_DTK_DRAW 0x30u
 
-/** A pen: four corners relative to the point that is drawn, and the colour 0xAARRGGBB that it leaves. */
+/** A pen: four corners, in pixels relative to the point that is drawn, and a colour. */
 typedef struct zuvo_dtk_pen {
+    /** One of the corners. @{ */
     int x0, y0;
     int x1, y1;
     int x2, y2;
     int x3, y3;
-    u32 color;
+    /** @} */
+    u32 color;  /**< What it leaves, 0xAARRGGBB. */
 } zuvo_dtk_pen;
 
 /** Answers the handle of the drawing engine, 0 when the platform has none. It is never given back. */

@@ -24,10 +24,16 @@ foreach(case
     every_machine_is_tested
     failing_machine_holds_up_no_other
     install_passes_the_prefix
+    what_was_installed_is_removed
     demo_passes_options
     demo_opens_a_window
     packages_are_made
+    release_is_the_same_bytes
+    uncommitted_release_is_refused
+    release_of_two_versions_is_refused
     documentation_is_made
+    dead_links_are_told
+    broken_tables_are_told
     clean_removes_the_build)
   add_test(NAME run.${case} COMMAND ${CMAKE_CURRENT_LIST_DIR}/run_front_door.sh ${case})
   set_tests_properties(run.${case} PROPERTIES LABELS programs TIMEOUT 60)

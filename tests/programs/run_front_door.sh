@@ -143,6 +143,21 @@ END
     touch "$cairo/lib/libcairo.so.2" "$cairo/lib/pkgconfig/cairo-directfb.pc"
 }
 
+# The project as a git repository of one commit, whose version is 1.2.3.
+repository() {
+    complete_machine
+    export GIT_AUTHOR_NAME=a GIT_AUTHOR_EMAIL=a@b GIT_COMMITTER_NAME=a GIT_COMMITTER_EMAIL=a@b GIT_CONFIG_GLOBAL=/dev/null
+    mkdir "$tree/include" "$tree/debian"
+    cp "$project/.gitignore" "$tree"
+    sed 's/\(VERSION_MAJOR\) .*/\1 1/; s/\(VERSION_MINOR\) .*/\1 2/; s/\(VERSION_MICRO\) .*/\1 3/' \
+        "$project/include/dtkhddvd.h" > "$tree/include/dtkhddvd.h"
+    printf '# Changelog\n\n## Unreleased\n\n## 1.2.3\n\n## 1.2.2\n' > "$tree/CHANGELOG.md"
+    echo 'dtkhddvd (1.2.3) unstable; urgency=medium' > "$tree/debian/changelog"
+    git -C "$tree" init -q
+    git -C "$tree" add -A
+    git -C "$tree" commit -qm 'the first version'
+}
+
 expect_row() {
     grep -q "^$1 * $2 of $3 * 1\.0\$" "$place/out" || wrong "no row for $1"
 }
@@ -150,7 +165,7 @@ expect_row() {
 case $case_name in
     words_are_listed)
         expect 0
-        for word in demo test build bench install deb docs check fuzz soak clean help; do
+        for word in demo test build bench install uninstall deb release docs check fuzz soak clean help; do
             [ "$(grep -c "^  $word " "$place/out")" -eq 1 ] || wrong "no line for $word"
         done
         cp "$place/out" "$place/list"
@@ -367,6 +382,32 @@ END
         expect 0 install --prefix "$place/there" --strip
         expect_called "cmake --install $tree/build --prefix $place/there --strip"
         ;;
+    what_was_installed_is_removed)
+        complete_machine
+        stand_in cmake <<'END'
+[ "$1" = --install ] || exit 0
+folder=$DESTDIR$4
+mkdir -p "$folder/lib" "$folder/share/doc/dtkhddvd/examples"
+touch "$folder/lib/libdtkhddvd.so.1" "$folder/share/doc/dtkhddvd/examples/hello.c" "$folder/lib/libother.so"
+ln -sf libdtkhddvd.so.1 "$folder/lib/libdtkhddvd.so"
+printf '%s\n%s\n%s' "$4/lib/libdtkhddvd.so" "$4/lib/libdtkhddvd.so.1" "$4/share/doc/dtkhddvd/examples/hello.c" \
+    > "$2/install_manifest.txt"
+END
+        expect 0 install --prefix "$place/one place"
+        DESTDIR=$place/stage expect 0 install --prefix /opt
+        touch "$place/stage/opt/share/doc/dtkhddvd/somebody else's"
+        expect 0 uninstall
+        [ "$(cat "$place/out")" = 'removed 6 files' ] || wrong "another message"
+        (cd "$place" && find 'one place' stage ! -type d) | sort > "$place/left"
+        [ "$(cat "$place/left")" = "one place/lib/libother.so
+stage/opt/lib/libother.so
+stage/opt/share/doc/dtkhddvd/somebody else's" ] || wrong "something else is left: $(cat "$place/left")"
+        [ ! -e "$place/one place/share/doc/dtkhddvd" ] || wrong "an empty folder is left"
+        [ -d "$place/one place/share/doc" ] || wrong "a folder of others is gone"
+        expect 1 uninstall
+        expect_last_error "run: $tree/build/installed.txt, the list of installed files, is not there: ./run install with the\
+ same --prefix makes it"
+        ;;
     demo_passes_options)
         complete_machine
         mkdir "$tree/build"
@@ -397,22 +438,76 @@ END
         ;;
     packages_are_made)
         complete_machine
-        stand_in lintian < /dev/null
-        stand_in doxygen < /dev/null
-        stand_in mandoc < /dev/null
+        stand_in dpkg-buildpackage <<'END'
+touch ../libdtkhddvd1.deb ../dtkhddvd.changes
+END
+        for tool in blhc lintian; do stand_in "$tool" < /dev/null; done
         expect 0 deb
-        expect_called "cmake --fresh -S $tree -B $tree/build/deb -DCMAKE_INSTALL_PREFIX=/usr"
-        expect_called "cmake --build $tree/build/deb --target package"
+        expect_called 'dpkg-buildpackage -us -uc'
+        expect_called "blhc --all $tree/build/deb.log"
         expect_called 'lintian '
+        [ -e "$tree/build/deb/dtkhddvd/scripts/deb.sh" ] || wrong "the sources were not copied"
+        [ "$(tail -n 1 "$place/out")" = "  $tree/build/deb/libdtkhddvd1.deb" ] || wrong "the package is not named"
+        ;;
+    release_is_the_same_bytes)
+        repository
+        expect 0 release
+        cp "$tree/build/dtkhddvd-1.2.3.tar.gz" "$place/first.tar.gz"
+        git clone -q "$tree" "$place/clone"
+        chmod -R go-rwx "$place/clone"
+        front_door=$place/clone/run
+        (umask 077 && TZ=Pacific/Auckland LC_ALL=C expect 0 release)
+        cmp "$place/first.tar.gz" "$place/clone/build/dtkhddvd-1.2.3.tar.gz" || wrong "other bytes"
+        tar -xzf "$place/first.tar.gz" -C "$place"
+        diff -r --exclude=.git --exclude=build "$tree" "$place/dtkhddvd-1.2.3" || wrong "something is missing"
+        ;;
+    uncommitted_release_is_refused)
+        repository
+        touch "$tree/new"
+        expect 1 release
+        expect_last_error 'run: there are uncommitted changes: commit them, a release is made of a commit'
+        ;;
+    release_of_two_versions_is_refused)
+        repository
+        sed -i '1s/1\.2\.3/1.2.4/' "$tree/debian/changelog"
+        expect 1 release
+        expect_last_error 'run: the latest version in debian/changelog is 1.2.4, and that of include/dtkhddvd.h is 1.2.3'
         ;;
     documentation_is_made)
         complete_machine
-        stand_in doxygen < /dev/null
+        stand_in doxygen <<'END'
+mkdir "$DTKHDDVD_DOCS/html"
+touch "$DTKHDDVD_DOCS/html/index.html"
+END
+        stand_in linkchecker < /dev/null
         stand_in mandoc < /dev/null
         cp -R "$project/docs" "$tree"
         expect 0 docs
-        expect_called 'doxygen -'
+        expect_called 'doxygen docs/Doxyfile'
+        expect_called 'linkchecker '
         expect_called 'mandoc -T lint docs/man/'
+        ;;
+    dead_links_are_told)
+        complete_machine
+        stand_in doxygen <<'END'
+mkdir "$DTKHDDVD_DOCS/html"
+echo '<a href="gone.html">here</a>' > "$DTKHDDVD_DOCS/html/index.html"
+END
+        stand_in mandoc < /dev/null
+        cp -R "$project/docs" "$tree"
+        expect 1 docs
+        grep -q '^run: a page has a dead link:$' "$place/err" || wrong "another message"
+        grep -q 'gone.html' "$place/err" || wrong "the link is not named"
+        ;;
+    broken_tables_are_told)
+        complete_machine
+        stand_in doxygen <<'END'
+mkdir "$DTKHDDVD_DOCS/html"
+echo '&lt;td class="markdownTableBodyNone"&gt;' > "$DTKHDDVD_DOCS/html/index.html"
+END
+        cp -R "$project/docs" "$tree"
+        expect 1 docs
+        expect_last_error 'run: these pages have a broken table: see above'
         ;;
     clean_removes_the_build)
         mkdir "$tree/build"

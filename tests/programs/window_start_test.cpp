@@ -91,7 +91,7 @@ TEST(WithoutSdl, OneLineTellsWhatToInstall)
     std::filesystem::remove_all(place);
     EXPECT_EQ(outcome.status, 0) << outcome.output;
     EXPECT_EQ(count(outcome.output, "zuvo: "), 1u) << outcome.output;
-    EXPECT_THAT(outcome.output, HasSubstr("; install libsdl2-2.0-0 and libzuvo-hosted1-window\n"));
+    EXPECT_THAT(outcome.output, HasSubstr("; install libsdl2-2.0-0 and libzuvo1-window\n"));
 }
 
 TEST(Options, SwitchTheWindowOff)

@@ -9,7 +9,7 @@
 
 namespace {
 
-const char library_name[] = "libzuvo_window.so";
+const char library_name[] = "zuvo/libzuvo_window.so";
 
 bool is_set(const char* variable)
 {
@@ -17,7 +17,7 @@ bool is_set(const char* variable)
     return value && *value;
 }
 
-/// The window's library lies beside this one. Its whole name spares the loader's search, which would depend on the
+/// The window's library lies in a folder beside this one, where no linker looks. Its whole name spares the loader's search, which would depend on the
 /// folder that the program was started in.
 bool find_library(char* path, size_t size)
 {
@@ -37,7 +37,7 @@ const ZuvoWindow* load()
     void* library = find_library(path, sizeof(path)) ? dlopen(path, RTLD_NOW | RTLD_LOCAL) : nullptr;
     void* symbol = library ? dlsym(library, WINDOW_SYMBOL) : nullptr;
     if (!symbol)
-        std::fprintf(stderr, "zuvo: no window: %s; install libsdl2-2.0-0 and libzuvo-hosted1-window\n", dlerror());
+        std::fprintf(stderr, "zuvo: no window: %s; install libsdl2-2.0-0 and libzuvo1-window\n", dlerror());
     return static_cast<const ZuvoWindow*>(symbol);
 }
 
