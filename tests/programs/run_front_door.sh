@@ -507,7 +507,7 @@ echo '&lt;td class="markdownTableBodyNone"&gt;' > "$DTKHDDVD_DOCS/html/index.htm
 END
         cp -R "$project/docs" "$tree"
         expect 1 docs
-        expect_last_error 'run: these pages have a broken table: see above'
+        expect_last_error 'run: these pages have a broken table or link: see above'
         ;;
     clean_removes_the_build)
         mkdir "$tree/build"
