@@ -26,7 +26,7 @@ install(TARGETS ${programs} RUNTIME COMPONENT tools)
 install(FILES include/dtkhddvd.h include/dtkhddvd.hpp platform/include/zuvo.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd COMPONENT development)
 install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT documentation
-  FILES_MATCHING PATTERN hello.c PATTERN df_*)
+  FILES_MATCHING PATTERN hello.c PATTERN df_* PATTERN screen.*)
 install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools FILES_MATCHING PATTERN *.1)
 install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT development FILES_MATCHING PATTERN *.3)
 

@@ -36,7 +36,7 @@ for back_end in $back_ends; do
     say "drawing ($back_end) ..."
     env -u DISPLAY -u WAYLAND_DISPLAY "$build/dtk_demo" --frames 100 --size 1280x720 "$@" --backend "$back_end" --png "$frames" ||
         fail "the demo program failed: see its message above"
-    env -u DISPLAY -u WAYLAND_DISPLAY "$build/gallery" "$gallery" "$back_end" || fail "the gallery program failed: see its message above"
+    env -u DISPLAY -u WAYLAND_DISPLAY "$build/gallery" "$gallery" --backend "$back_end" || fail "the gallery program failed: see its message above"
     pictures="$pictures
   $frames
   $gallery"
