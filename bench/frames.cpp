@@ -2,22 +2,18 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
-#include <exception>
 #include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include <unistd.h>
-
 #include <dtkhddvd.h>
 
+#include "error_filter.h"
+#include "options.h"
 #include "platform.h"
 
 namespace {
-
-using tools::BackEnd;
 
 struct Phase {
     const char* name;
@@ -68,16 +64,16 @@ void print(const std::string& setting)
     std::printf("%s,%s,%d\n", setting.c_str(), "drawing", median(times["drawing"]));
 }
 
-void run(int width, int height, const std::string& back_end, const std::vector<std::string>& words)
+void run(const tools::Size& size, const std::string& back_end, const std::vector<std::string>& words)
 {
-    tools::Platform platform(width, height, tools::back_end_named(back_end), words);
-    const auto surface = platform.layer_surface(width, height);
+    const tools::Platform platform(size.width, size.height, tools::back_end_named(back_end), words);
+    const auto surface = platform.layer_surface(size.width, size.height);
     surface->Flip = keep_times;
     test_dtkhd(platform.dfb(), surface.get());
     if (times.empty())
         throw std::runtime_error("no frame was drawn");
     const char* driver = platform.is_accelerated() ? "with driver" : "without driver";
-    print(std::to_string(width) + "x" + std::to_string(height) + "," + back_end + "," + driver);
+    print(std::to_string(size.width) + "x" + std::to_string(size.height) + "," + back_end + "," + driver);
 }
 
 } // namespace
@@ -85,24 +81,15 @@ void run(int width, int height, const std::string& back_end, const std::vector<s
 /// The toolkit's library exports a main of its own, which this one stands before.
 int main(int argc, char** argv)
 {
-    int width = 0, height = 0;
-    if (argc < 4 || std::sscanf(argv[1], "%dx%d", &width, &height) != 2 || (frames_left = std::atoi(argv[3])) < 1) {
-        std::fputs("Usage: dtk_frames WxH software|hardware FRAMES [--dfb:WORD,...] [--zuvo:WORD,...]\n"
-                   "Prints size, back end, driver, phase and the median of its microseconds.\n",
-                   stderr);
-        return 2;
-    }
-    // The benchmark program reports to standard error as it goes; only a failure shall be seen there.
-    const int errors = dup(STDERR_FILENO);
-    if (!std::freopen("/dev/null", "w", stderr))
-        return 1;
-    try {
-        std::vector<std::string> words = {"--dfb:system=dummy"};
-        words.insert(words.end(), argv + 4, argv + argc);
-        run(width, height, argv[2], words);
+    tools::Size size = {0, 0};
+    std::string back_end;
+    tools::Program program("Prints size, back end, driver, phase and the median of its microseconds.", "dtk_frames");
+    program.add_size("size", size, "size of the frames in pixels", {320, 240}, {8192, 8192})->required();
+    tools::take_one_of(program.add_option("backend", back_end, "what draws them"), {"software", "hardware"})->required();
+    program.add_option("frames", frames_left, "how many")->required()->type_name("N")->check(tools::number_from(1));
+    return program.run(argc, argv, [&] {
+        const tools::ErrorFilter filter;
+        run(size, back_end, tools::without_window(program.words()));
         return 0;
-    } catch (const std::exception& failure) {
-        dprintf(errors, "dtk_frames: %s\n", failure.what());
-        return 1;
-    }
+    });
 }

@@ -1,13 +1,13 @@
 #include <cstdio>
-#include <exception>
 #include <regex>
 
 #include "contest.h"
+#include "contest_options.h"
 #include "floor.h"
 #include "growth.h"
-#include "options.h"
 #include "peers.h"
 #include "prescribed.h"
+#include "progress.h"
 #include "report.h"
 #include "toolkit_painter.h"
 
@@ -53,23 +53,28 @@ void report(const Options& options, const std::vector<Row>& rows, const Measurem
         draw_chart(options.growth ? BENCH_GROWTH_SCRIPT : BENCH_CHART_SCRIPT, options.csv, options.chart);
 }
 
-int measure(const Options& options)
+std::vector<Row> run_items(const Options& options, Contest& contest, Measurement& measurement)
 {
-    std::vector<std::string> words = {"--dfb:system=dummy"};
-    words.insert(words.end(), options.words.begin(), options.words.end());
-    const tools::Platform platform(picture_width, picture_height, tools::BackEnd::hardware, words);
+    const std::vector<Item> items = wanted_items(options);
+    const tools::Progress progress;
+    std::vector<Row> rows;
+    for (const Item& item : items) {
+        const double done = static_cast<double>(rows.size()) / static_cast<double>(items.size());
+        progress.show(tools::step_of(rows.size() + 1, items.size()) + item.name, done);
+        rows.push_back(contest.run(item, measurement, options.repetitions));
+    }
+    return rows;
+}
+
+int measure(const Options& options, const std::vector<std::string>& words)
+{
+    const tools::Platform platform(picture_width, picture_height, tools::BackEnd::hardware, tools::without_window(words));
     std::printf("DirectFB %s a graphics driver. Not found: %s.\n", platform.is_accelerated() ? "with" : "without",
                 BENCH_MISSING_PEERS);
     const auto shared = create_surface(platform.dfb(), picture_width, picture_height, DSCAPS_NONE);
     Contest contest(make_columns(platform.dfb(), shared.get()), options.columns);
     Measurement measurement(options.seconds);
-
-    std::vector<Row> rows;
-    for (const Item& item : wanted_items(options)) {
-        rows.push_back(contest.run(item, measurement, options.repetitions));
-        std::fprintf(stderr, "%s\n", item.name.c_str());
-    }
-    report(options, rows, measurement);
+    report(options, run_items(options, contest, measurement), measurement);
     return contest.failures() ? 1 : 0;
 }
 
@@ -78,14 +83,9 @@ int measure(const Options& options)
 /// The toolkit's library exports a main of its own, which this one stands before.
 int main(int argc, char** argv)
 {
-    try {
-        const Options options = parse_options(argc, argv);
-        if (!options.help)
-            return measure(options);
-        std::fputs(help_text, stdout);
-        return 0;
-    } catch (const std::exception& failure) {
-        std::fprintf(stderr, "bench_contest: %s\n", failure.what());
-        return 1;
-    }
+    Options options;
+    tools::Program program("Measures the toolkit's drawing operations against plain loops and other libraries.",
+                           "bench_contest");
+    add_options(program, options);
+    return program.run(argc, argv, [&] { return measure(options, program.words()); });
 }

@@ -1,11 +1,11 @@
 // dtk_memory: which library allocates how much for a toolkit, for a pen, and for each drawing.
 
 #include <cstdio>
-#include <exception>
 
 #include "allocations.h"
 #include "engine_switch.h"
 #include "items.h"
+#include "options.h"
 #include "toolkit_painter.h"
 
 using namespace bench;
@@ -34,7 +34,7 @@ std::string title(tools::BackEnd back_end, const std::string& what)
 
 void print_creations(IDirectFB* dfb, tools::BackEnd back_end)
 {
-    show_engine(back_end == tools::BackEnd::hardware);
+    tools::show_engine(back_end == tools::BackEnd::hardware);
     const auto surface = create_surface(dfb, picture_width, picture_height, DSCAPS_NONE);
     Owned<DTKHDDVD> toolkit;
     Owned<DTKHDDVDPen> pen;
@@ -61,17 +61,14 @@ void print_drawings(IDirectFB* dfb, tools::BackEnd back_end)
 /// The toolkit's library exports a main of its own, which this one stands before.
 int main(int argc, char** argv)
 {
-    try {
-        std::vector<std::string> words = {"--dfb:system=dummy"};
-        words.insert(words.end(), argv + 1, argv + argc);
-        const tools::Platform platform(picture_width, picture_height, tools::BackEnd::hardware, words);
+    tools::Program program("Tells which library allocates how much for a toolkit, for a pen, and for each drawing.", "dtk_memory");
+    return program.run(argc, argv, [&] {
+        const tools::Platform platform(picture_width, picture_height, tools::BackEnd::hardware,
+                                       tools::without_window(program.words()));
         for (const auto back_end : {tools::BackEnd::software, tools::BackEnd::hardware}) {
             print_creations(platform.dfb(), back_end);
             print_drawings(platform.dfb(), back_end);
         }
         return 0;
-    } catch (const std::exception& failure) {
-        std::fprintf(stderr, "dtk_memory: %s\n", failure.what());
-        return 1;
-    }
+    });
 }

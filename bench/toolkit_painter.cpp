@@ -50,7 +50,7 @@ ToolkitPainter::ToolkitPainter(IDirectFB* dfb, IDirectFBSurface* shared, BackEnd
 
 void ToolkitPainter::activate()
 {
-    show_engine(back_end_ == BackEnd::hardware);
+    tools::show_engine(back_end_ == BackEnd::hardware);
 }
 
 void ToolkitPainter::set_paint(Paint paint)

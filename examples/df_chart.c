@@ -1,15 +1,13 @@
 /*
- * The same five numbers as bars and as a pie, told apart by patterns.
+ * The same five numbers as bars and as a pie, told apart by patterns. Escape ends it.
  *
- *     cc df_chart.c -o df_chart $(pkg-config --cflags --libs dtkhddvd) -lm
+ *     cc df_chart.c screen.c -o df_chart $(pkg-config --cflags --libs dtkhddvd libpng) -lm
  *     ./df_chart
- *     ./df_chart --dfb:system=dummy --dump DIRECTORY
+ *     ./df_chart --png chart.png
  */
 #include <math.h>
-#include <string.h>
-#include <unistd.h>
 
-#include <dtkhddvd.h>
+#include "screen.h"
 
 enum { width = 800, height = 440, tile = 12, value_count = 5, arc_points = 48 };
 
@@ -20,12 +18,6 @@ typedef struct Pattern {
     u32 ground, figure;
     void (*draw)(IDirectFBSurface *texture);
 } Pattern;
-
-static void check(DFBResult result)
-{
-    if (result)
-        DirectFBErrorFatal("df_chart", result);
-}
 
 static void draw_diagonals(IDirectFBSurface *texture)
 {
@@ -157,29 +149,17 @@ static void draw_chart(IDirectFB *dfb, DTKHDDVD *toolkit)
 
 int main(int argc, char **argv)
 {
-    const DFBSurfaceDescription description = {
-        .flags = DSDESC_CAPS | DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT,
-        .caps = DSCAPS_PRIMARY | DSCAPS_FLIPPING, .width = width, .height = height, .pixelformat = DSPF_ARGB};
-    IDirectFB *dfb;
-    IDirectFBSurface *screen;
+    Screen screen;
     DTKHDDVD *toolkit;
 
-    check(DirectFBInit(&argc, &argv));
-    check(DirectFBCreate(&dfb));
-    check(dfb->SetCooperativeLevel(dfb, DFSCL_FULLSCREEN));
-    check(dfb->CreateSurface(dfb, &description, &screen));
-    check(screen->Clear(screen, 0xF4, 0xF5, 0xF8, 0xFF));
-
-    check(CreateDrawingToolkit_HDDVD(dfb, screen, 1, &toolkit));
-    draw_chart(dfb, toolkit);
+    screen_open(&screen, argc, argv, "Shows five numbers as bars and as a pie.", width, height);
+    check(screen.surface->Clear(screen.surface, 0xF4, 0xF5, 0xF8, 0xFF));
+    check(CreateDrawingToolkit_HDDVD(screen.dfb, screen.surface, 1, &toolkit));
+    draw_chart(screen.dfb, toolkit);
     toolkit->Release(toolkit);
 
-    check(screen->Flip(screen, NULL, DSFLIP_BLIT));
-    if (argc == 3 && !strcmp(argv[1], "--dump"))
-        check(screen->Dump(screen, argv[2], "chart"));
-    else
-        sleep(10);
-    screen->Release(screen);
-    dfb->Release(dfb);
+    screen_show(&screen);
+    screen_await_end(&screen);
+    screen_close(&screen);
     return 0;
 }

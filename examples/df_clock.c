@@ -1,15 +1,14 @@
 /*
  * A clock whose hands and ticks are lines, each with a pen of its own. Escape ends it.
  *
- *     cc df_clock.c -o df_clock $(pkg-config --cflags --libs dtkhddvd) -lm
+ *     cc df_clock.c screen.c -o df_clock $(pkg-config --cflags --libs dtkhddvd libpng) -lm
  *     ./df_clock
- *     ./df_clock --dfb:system=dummy --dump DIRECTORY      writes a picture of nine minutes past ten
+ *     ./df_clock --png clock.png      writes a picture of nine minutes past ten
  */
 #include <math.h>
-#include <string.h>
 #include <time.h>
 
-#include <dtkhddvd.h>
+#include "screen.h"
 
 enum { side = 480, centre = side / 2 };
 
@@ -28,12 +27,6 @@ static const Hand hour_hand = {-12, 92, 24, 11, {0xFF, 0xF0, 0xF0, 0xF8}};
 static const Hand minute_hand = {-18, 150, 28, 8, {0xFF, 0xD8, 0xDC, 0xE8}};
 static const Hand second_hand = {-40, 176, 14, 3, {0xFF, 0xFF, 0x58, 0x40}};
 static const DFBColor shadow = {0x58, 0x00, 0x00, 0x00};
-
-static void check(DFBResult result)
-{
-    if (result)
-        DirectFBErrorFatal("df_clock", result);
-}
 
 /* `turn` counts turns of the clock from twelve. */
 static DFBPoint point_at(double turn, int distance)
@@ -107,65 +100,46 @@ static void draw_clock(DTKHDDVD *toolkit, int hour, int minute, int second)
     draw_disc(toolkit, 5, 0x1C, 0x22, 0x30, 0xFF);
 }
 
-static void draw_frame(IDirectFBSurface *screen, DTKHDDVD *toolkit, int hour, int minute, int second)
+static void draw_frame(Screen *screen, DTKHDDVD *toolkit, const struct tm *now)
 {
-    check(screen->Clear(screen, 0x10, 0x12, 0x18, 0xFF));
-    draw_clock(toolkit, hour, minute, second);
-    check(screen->Flip(screen, NULL, DSFLIP_BLIT));
+    check(screen->surface->Clear(screen->surface, 0x10, 0x12, 0x18, 0xFF));
+    draw_clock(toolkit, now->tm_hour, now->tm_min, now->tm_sec);
+    screen_show(screen);
 }
 
-static int is_escape(const DFBEvent *event)
+/* A picture always shows the same time. */
+static struct tm time_to_show(const Screen *screen)
 {
-    return event->clazz == DFEC_INPUT && event->input.type == DIET_KEYPRESS && event->input.key_symbol == DIKS_ESCAPE;
+    const struct tm pictured = {.tm_hour = 10, .tm_min = 9, .tm_sec = 36};
+    const time_t now = time(NULL);
+
+    return screen->png ? pictured : *localtime(&now);
 }
 
-static int wants_to_end(IDirectFBEventBuffer *events)
+static void run(Screen *screen, DTKHDDVD *toolkit)
 {
-    DFBEvent event;
+    int shown_second = -1;
+    DFBInputEvent event;
 
-    while (events->GetEvent(events, &event) == DFB_OK)
-        if (is_escape(&event))
-            return 1;
-    return 0;
-}
+    while (!screen->has_ended) {
+        const struct tm now = time_to_show(screen);
 
-static void run(IDirectFB *dfb, IDirectFBSurface *screen, DTKHDDVD *toolkit)
-{
-    IDirectFBEventBuffer *events;
-
-    check(dfb->CreateInputEventBuffer(dfb, DICAPS_KEYS, DFB_TRUE, &events));
-    while (!wants_to_end(events)) {
-        const time_t now = time(NULL);
-        const struct tm *local = localtime(&now);
-
-        draw_frame(screen, toolkit, local->tm_hour, local->tm_min, local->tm_sec);
-        events->WaitForEventWithTimeout(events, 0, 200);
+        if (now.tm_sec != shown_second)
+            draw_frame(screen, toolkit, &now);
+        shown_second = now.tm_sec;
+        screen_next_event(screen, 100, &event);
     }
-    events->Release(events);
 }
 
 int main(int argc, char **argv)
 {
-    const DFBSurfaceDescription description = {
-        .flags = DSDESC_CAPS | DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT,
-        .caps = DSCAPS_PRIMARY | DSCAPS_FLIPPING, .width = side, .height = side, .pixelformat = DSPF_ARGB};
-    IDirectFB *dfb;
-    IDirectFBSurface *screen;
+    Screen screen;
     DTKHDDVD *toolkit;
 
-    check(DirectFBInit(&argc, &argv));
-    check(DirectFBCreate(&dfb));
-    check(dfb->SetCooperativeLevel(dfb, DFSCL_FULLSCREEN));
-    check(dfb->CreateSurface(dfb, &description, &screen));
-    check(CreateDrawingToolkit_HDDVD(dfb, screen, 1, &toolkit));
-    if (argc == 3 && !strcmp(argv[1], "--dump")) {
-        draw_frame(screen, toolkit, 10, 9, 36);
-        check(screen->Dump(screen, argv[2], "clock"));
-    } else {
-        run(dfb, screen, toolkit);
-    }
+    screen_open(&screen, argc, argv, "Shows what time it is.", side, side);
+    check(CreateDrawingToolkit_HDDVD(screen.dfb, screen.surface, 1, &toolkit));
+    run(&screen, toolkit);
     toolkit->Release(toolkit);
-    screen->Release(screen);
-    dfb->Release(dfb);
+    screen_close(&screen);
     return 0;
 }

@@ -1,22 +1,15 @@
 /*
  * A chapter's title over a picture: shapes by the toolkit, text by Pango, on one surface. Escape ends it.
  *
- *     cc df_label.c -o df_label $(pkg-config --cflags --libs dtkhddvd pangocairo)
+ *     cc df_label.c screen.c -o df_label $(pkg-config --cflags --libs dtkhddvd libpng pangocairo)
  *     ./df_label
- *     ./df_label --dfb:system=dummy --dump DIRECTORY      writes a picture
+ *     ./df_label --png label.png
  */
-#include <string.h>
-
-#include <dtkhddvd.h>
 #include <pango/pangocairo.h>
 
-enum { width = 640, height = 360 };
+#include "screen.h"
 
-static void check(DFBResult result)
-{
-    if (result)
-        DirectFBErrorFatal("df_label", result);
-}
+enum { width = 640, height = 360 };
 
 static void draw_disc(DTKHDDVD *toolkit, int x, int y, int radius, DFBColor color)
 {
@@ -94,46 +87,21 @@ static void draw_text(IDirectFBSurface *screen, const char *title)
     check(screen->Unlock(screen));
 }
 
-static void wait_for_escape(IDirectFB *dfb)
-{
-    IDirectFBEventBuffer *events;
-    DFBEvent event;
-
-    check(dfb->CreateInputEventBuffer(dfb, DICAPS_KEYS, DFB_TRUE, &events));
-    do {
-        events->WaitForEvent(events);
-        check(events->GetEvent(events, &event));
-    } while (event.clazz != DFEC_INPUT || event.input.type != DIET_KEYPRESS || event.input.key_symbol != DIKS_ESCAPE);
-    events->Release(events);
-}
-
 int main(int argc, char **argv)
 {
-    const DFBSurfaceDescription description = {
-        .flags = DSDESC_CAPS | DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT,
-        .caps = DSCAPS_PRIMARY | DSCAPS_FLIPPING, .width = width, .height = height, .pixelformat = DSPF_ARGB};
-    IDirectFB *dfb;
-    IDirectFBSurface *screen;
+    Screen screen;
     DTKHDDVD *toolkit;
 
-    check(DirectFBInit(&argc, &argv));
-    check(DirectFBCreate(&dfb));
-    check(dfb->SetCooperativeLevel(dfb, DFSCL_FULLSCREEN));
-    check(dfb->CreateSurface(dfb, &description, &screen));
-    check(screen->Clear(screen, 0x60, 0x38, 0x50, 0xFF));
-
-    check(CreateDrawingToolkit_HDDVD(dfb, screen, 1, &toolkit));
+    screen_open(&screen, argc, argv, "Shows a chapter's title over a picture.", width, height);
+    check(screen.surface->Clear(screen.surface, 0x60, 0x38, 0x50, 0xFF));
+    check(CreateDrawingToolkit_HDDVD(screen.dfb, screen.surface, 1, &toolkit));
     draw_picture(toolkit);
     draw_strap(toolkit);
     toolkit->Release(toolkit);
-    draw_text(screen, "The Lighthouse");
+    draw_text(screen.surface, "The Lighthouse");
 
-    check(screen->Flip(screen, NULL, DSFLIP_BLIT));
-    if (argc == 3 && !strcmp(argv[1], "--dump"))
-        check(screen->Dump(screen, argv[2], "label"));
-    else
-        wait_for_escape(dfb);
-    screen->Release(screen);
-    dfb->Release(dfb);
+    screen_show(&screen);
+    screen_await_end(&screen);
+    screen_close(&screen);
     return 0;
 }

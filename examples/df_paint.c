@@ -1,244 +1,206 @@
 /*
- * Paints with the mouse: the left button draws with the pen, the right one wipes. 1 to 4 choose the pen, R, G, B, Y
- * and W its colour, space clears, Escape ends it.
+ * Paints with the mouse: choose a colour, a pen, its size and a tool above, and drag. The right button wipes.
  *
- *     cc df_paint.c -o df_paint $(pkg-config --cflags --libs dtkhddvd) -lm
+ *     cc df_paint*.c screen.c -o df_paint $(pkg-config --cflags --libs dtkhddvd libpng) -lm
  *     ./df_paint
- *     ./df_paint --dfb:system=dummy --dump DIRECTORY      paints by itself and writes a picture
+ *     ./df_paint --png paint.png      paints by itself
  */
-#include <math.h>
 #include <string.h>
+#include <unistd.h>
 
-#include <dtkhddvd.h>
+#include "df_paint.h"
 
-enum { width = 640, height = 400, pen_count = 4 };
+#ifndef PAINT_FONT
+#define PAINT_FONT "/usr/share/directfb-1.7.7/decker.dgiff"
+#endif
 
-static const DTKHDDVDPenShape shapes[pen_count] = {
-    {-2, -2, 2, -2, 2, 2, -2, 2},
-    {-3, -6, 6, -3, 3, 6, -6, 3},
-    {-10, 8, 8, -10, 10, -8, -8, 10},
-    {0, -12, 12, 0, 0, 12, -12, 0},
-};
-static const DTKHDDVDPenShape wiper_shape = {-16, -16, 16, -16, 16, 16, -16, 16};
-static const DFBColor paper = {0xFF, 0xFA, 0xF7, 0xEE}, ink = {0xFF, 0x28, 0x2C, 0x38};
+static const char usual_help[] = "drag: draw    right button: wipe    U: undo    C: clear    F: fill    S: save    Esc: end";
 
-static const struct {
-    DFBInputDeviceKeySymbol key;
-    DFBColor color;
-} colors[] = {
-    {DIKS_SMALL_R, {0xFF, 0xC8, 0x38, 0x30}}, {DIKS_SMALL_G, {0xFF, 0x28, 0x88, 0x50}},
-    {DIKS_SMALL_B, {0xFF, 0x28, 0x60, 0xB8}}, {DIKS_SMALL_Y, {0xFF, 0xF0, 0xB8, 0x28}},
-    {DIKS_SMALL_W, {0xFF, 0xFF, 0xFF, 0xFF}},
-};
-
-typedef struct Painter {
-    IDirectFB *dfb;
-    IDirectFBSurface *screen;
-    DTKHDDVD *toolkit;
-    DTKHDDVDPen *pens[pen_count], *wiper;
-    DTKHDDVDPen *pen;
-    DFBColor color;
-    DFBPoint mouse, cursor;
-    int has_ended;
-} Painter;
-
-static void check(DFBResult result)
-{
-    if (result)
-        DirectFBErrorFatal("df_paint", result);
-}
-
-static void clear(Painter *painter)
-{
-    check(painter->screen->Clear(painter->screen, paper.r, paper.g, paper.b, paper.a));
-    check(painter->screen->Flip(painter->screen, NULL, DSFLIP_BLIT));
-}
-
-static void open_painter(Painter *painter)
-{
-    const DFBSurfaceDescription description = {
-        .flags = DSDESC_CAPS | DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT,
-        .caps = DSCAPS_PRIMARY | DSCAPS_FLIPPING, .width = width, .height = height, .pixelformat = DSPF_ARGB};
-    int i;
-
-    check(DirectFBCreate(&painter->dfb));
-    check(painter->dfb->SetCooperativeLevel(painter->dfb, DFSCL_FULLSCREEN));
-    check(painter->dfb->CreateSurface(painter->dfb, &description, &painter->screen));
-    check(CreateDrawingToolkit_HDDVD(painter->dfb, painter->screen, 0, &painter->toolkit));
-    for (i = 0; i < pen_count; ++i)
-        check(painter->toolkit->CreatePen(painter->toolkit, &shapes[i], &painter->pens[i]));
-    check(painter->toolkit->CreatePen(painter->toolkit, &wiper_shape, &painter->wiper));
-    painter->pen = painter->pens[0];
-    painter->color = ink;
-    clear(painter);
-}
-
-static void close_painter(Painter *painter)
-{
-    int i;
-
-    check(painter->toolkit->SetPen(painter->toolkit, NULL));
-    for (i = 0; i < pen_count; ++i)
-        painter->pens[i]->Release(painter->pens[i]);
-    painter->wiper->Release(painter->wiper);
-    painter->toolkit->Release(painter->toolkit);
-    painter->screen->Release(painter->screen);
-    painter->dfb->Release(painter->dfb);
-}
-
-static void stroke_to(Painter *painter, DFBPoint to, DTKHDDVDPen *pen, DFBColor color)
-{
-    DTKHDDVD *toolkit = painter->toolkit;
-
-    check(toolkit->SetPen(toolkit, pen));
-    check(toolkit->SetStrokeColor(toolkit, color.r, color.g, color.b, color.a));
-    check(toolkit->Line(toolkit, painter->cursor.x, painter->cursor.y, to.x, to.y));
-    check(painter->screen->Flip(painter->screen, NULL, DSFLIP_BLIT));
-}
+/* ---- the mouse ---- */
 
 static int limit(int value, int end)
 {
     return value < 0 ? 0 : value < end ? value : end - 1;
 }
 
+static DFBPoint on_canvas(const Painter *painter)
+{
+    const DFBPoint point = {painter->mouse.x, limit(painter->mouse.y - bar_height, canvas_height)};
+
+    return point;
+}
+
+static int draws_as_it_goes(const Painter *painter)
+{
+    return painter->choice.tool == TOOL_BRUSH || painter->held_buttons & DIBM_RIGHT;
+}
+
+static void draw_last_part(Painter *painter)
+{
+    const DFBPoint to = on_canvas(painter);
+
+    if (painter->held_buttons & DIBM_RIGHT)
+        wipe(painter->on_canvas, painter->last, to);
+    else
+        draw_mark(painter->on_canvas, &painter->choice, painter->last, to);
+    painter->last = to;
+}
+
+static void begin_drag(Painter *painter, int button)
+{
+    keep_step(painter);
+    painter->held_buttons = button;
+    painter->start = painter->last = on_canvas(painter);
+    if (draws_as_it_goes(painter))
+        draw_last_part(painter);
+}
+
+static void end_drag(Painter *painter)
+{
+    if (painter->held_buttons && !draws_as_it_goes(painter))
+        draw_mark(painter->on_canvas, &painter->choice, painter->start, on_canvas(painter));
+    painter->held_buttons = 0;
+}
+
+static void choose(Painter *painter, int field)
+{
+    Choice *choice = &painter->choice;
+
+    if (field < first_shape)
+        choice->color = field;
+    else if (field < first_size)
+        choice->shape = field - first_shape;
+    else if (field < first_tool)
+        choice->size = field - first_size;
+    else if (field < fill_field)
+        choice->tool = (Tool)(field - first_tool);
+    else if (field == fill_field)
+        choice->is_filled = !choice->is_filled;
+    else if (field == undo_field)
+        undo_step(painter);
+    else if (field == clear_field)
+        clear_canvas(painter);
+    else if (field == save_field)
+        save_canvas(painter);
+}
+
+static void press_button(Painter *painter, DFBInputDeviceButtonIdentifier button)
+{
+    strcpy(painter->help, usual_help);
+    if (painter->held_buttons || (button != DIBI_LEFT && button != DIBI_RIGHT))
+        return;
+    if (painter->mouse.y >= bar_height)
+        begin_drag(painter, button == DIBI_LEFT ? DIBM_LEFT : DIBM_RIGHT);
+    else if (button == DIBI_LEFT)
+        choose(painter, painter->mouse.x / field_width);
+}
+
 /* Mice tell how far they moved, touch screens and windows where they are. */
-static void move_mouse(DFBPoint *mouse, const DFBInputEvent *event)
+static void move_mouse(Painter *painter, const DFBInputEvent *event)
 {
     const int is_absolute = (event->flags & DIEF_AXISABS) != 0;
+    DFBPoint *mouse = &painter->mouse;
 
     if (event->axis == DIAI_X)
-        mouse->x = limit(is_absolute ? event->axisabs : mouse->x + event->axisrel, width);
+        mouse->x = limit(is_absolute ? event->axisabs : mouse->x + event->axisrel, paint_width);
     if (event->axis == DIAI_Y)
-        mouse->y = limit(is_absolute ? event->axisabs : mouse->y + event->axisrel, height);
-}
-
-static void follow_mouse(Painter *painter, const DFBInputEvent *event)
-{
-    move_mouse(&painter->mouse, event);
+        mouse->y = limit(is_absolute ? event->axisabs : mouse->y + event->axisrel, paint_height);
     /* The other axis of the same movement comes at once. */
-    if (event->flags & DIEF_FOLLOW)
-        return;
-    if (event->buttons & DIBM_LEFT)
-        stroke_to(painter, painter->mouse, painter->pen, painter->color);
-    else if (event->buttons & DIBM_RIGHT)
-        stroke_to(painter, painter->mouse, painter->wiper, paper);
-    painter->cursor = painter->mouse;
+    if (!(event->flags & DIEF_FOLLOW) && painter->held_buttons && draws_as_it_goes(painter))
+        draw_last_part(painter);
 }
 
-static void follow_key(Painter *painter, DFBInputDeviceKeySymbol key)
+static void press_key(Painter *painter, DFBInputDeviceKeySymbol key)
 {
-    size_t i;
-
-    if (key >= DIKS_1 && key < DIKS_1 + pen_count)
-        painter->pen = painter->pens[key - DIKS_1];
-    for (i = 0; i < sizeof colors / sizeof *colors; ++i)
-        if (key == colors[i].key)
-            painter->color = colors[i].color;
-    if (key == DIKS_SPACE)
-        clear(painter);
-    painter->has_ended = painter->has_ended || key == DIKS_ESCAPE;
+    if (painter->held_buttons)
+        return;
+    if (key == DIKS_SMALL_U)
+        choose(painter, undo_field);
+    else if (key == DIKS_SMALL_C)
+        choose(painter, clear_field);
+    else if (key == DIKS_SMALL_F)
+        choose(painter, fill_field);
+    else if (key == DIKS_SMALL_S)
+        choose(painter, save_field);
 }
 
-static void follow(Painter *painter, const DFBInputEvent *event)
+void follow(Painter *painter, const DFBInputEvent *event)
 {
     if (event->type == DIET_AXISMOTION)
-        follow_mouse(painter, event);
+        move_mouse(painter, event);
+    else if (event->type == DIET_BUTTONPRESS)
+        press_button(painter, event->button);
+    else if (event->type == DIET_BUTTONRELEASE)
+        end_drag(painter);
     else if (event->type == DIET_KEYPRESS)
-        follow_key(painter, event->key_symbol);
+        press_key(painter, event->key_symbol);
 }
 
-static void paint_with_mouse(Painter *painter)
-{
-    const DFBInputDeviceCapabilities wanted = DICAPS_KEYS | DICAPS_AXES | DICAPS_BUTTONS;
-    IDirectFBEventBuffer *events;
-    DFBEvent event;
+/* ---- the program ---- */
 
-    check(painter->dfb->CreateInputEventBuffer(painter->dfb, wanted, DFB_TRUE, &events));
-    while (!painter->has_ended) {
-        check(events->WaitForEvent(events));
-        while (events->GetEvent(events, &event) == DFB_OK)
-            if (event.clazz == DFEC_INPUT)
-                follow(painter, &event.input);
+/* A shape that is being dragged is shown, and not yet drawn on the canvas. */
+static void show(Painter *painter)
+{
+    const DFBPoint from = {painter->start.x, painter->start.y + bar_height};
+    const DFBPoint to = {painter->mouse.x, on_canvas(painter).y + bar_height};
+    IDirectFBSurface *surface = painter->screen.surface;
+
+    check(surface->SetBlittingFlags(surface, DSBLIT_NOFX));
+    check(surface->Blit(surface, painter->canvas, NULL, 0, bar_height));
+    if (painter->held_buttons && !draws_as_it_goes(painter))
+        draw_mark(painter->on_screen, &painter->choice, from, to);
+    draw_bar(painter);
+    screen_show(&painter->screen);
+}
+
+static void paint(Painter *painter)
+{
+    DFBInputEvent event;
+
+    show(painter);
+    while (!painter->screen.has_ended) {
+        if (!screen_next_event(&painter->screen, 200, &event))
+            continue;
+        follow(painter, &event);
+        if (painter->screen.events->HasEvent(painter->screen.events))
+            show(painter);
     }
-    events->Release(events);
 }
 
-/*
- * One stroke of the demonstration: the keys before it, the button that is held, and a curve about (x, y) from one turn
- * to another. With petals the curve swings to the middle and back that often on its way round.
- */
-typedef struct Stroke {
-    DFBInputDeviceKeySymbol pen, color;
-    DFBInputDeviceButtonMask button;
-    double x, y, width, height, from, to, petals;
-} Stroke;
-
-static const Stroke strokes[] = {
-    {DIKS_4, DIKS_SMALL_G, DIBM_LEFT, 320, 520, 420, 150, -0.2, 0.2, 0},
-    {DIKS_3, DIKS_SMALL_G, DIBM_LEFT, 150, 275, -20, 115, 0, 0.5, 0},
-    {DIKS_3, DIKS_SMALL_G, DIBM_LEFT, 320, 255, 26, 125, 0, 0.5, 0},
-    {DIKS_3, DIKS_SMALL_G, DIBM_LEFT, 490, 275, 20, 115, 0, 0.5, 0},
-    {DIKS_2, DIKS_SMALL_G, DIBM_LEFT, 104, 330, 36, 15, 0.25, 1.25, 0},
-    {DIKS_2, DIKS_SMALL_G, DIBM_LEFT, 378, 300, 36, 15, 0.75, 1.75, 0},
-    {DIKS_2, DIKS_SMALL_G, DIBM_LEFT, 536, 335, 36, 15, 0.75, 1.75, 0},
-    {DIKS_3, DIKS_SMALL_B, DIBM_LEFT, 150, 160, 80, 80, 0, 0.5, 3},
-    {DIKS_3, DIKS_SMALL_R, DIBM_LEFT, 320, 125, 95, 95, 0, 0.5, 5},
-    {DIKS_3, DIKS_SMALL_B, DIBM_LEFT, 490, 160, 80, 80, 0, 1, 2},
-    {DIKS_4, DIKS_SMALL_Y, DIBM_LEFT, 150, 160, 5, 5, 0, 1, 0},
-    {DIKS_4, DIKS_SMALL_Y, DIBM_LEFT, 320, 125, 5, 5, 0, 1, 0},
-    {DIKS_4, DIKS_SMALL_W, DIBM_LEFT, 490, 160, 5, 5, 0, 1, 0},
-};
-
-static void press(Painter *painter, DFBInputDeviceKeySymbol key)
+static void open_painter(Painter *painter, int argc, char **argv)
 {
-    const DFBInputEvent event = {.type = DIET_KEYPRESS, .key_symbol = key};
+    const DFBFontDescription font = {.flags = DFDESC_HEIGHT, .height = 14};
+    IDirectFB *dfb;
 
-    follow(painter, &event);
+    screen_open(&painter->screen, argc, argv, "Paints with the mouse.", paint_width, paint_height);
+    dfb = painter->screen.dfb;
+    open_canvas(painter);
+    check(CreateDrawingToolkit_HDDVD(dfb, painter->screen.surface, 1, &painter->on_screen));
+    check(CreateDrawingToolkit_HDDVD(dfb, painter->canvas, 1, &painter->on_canvas));
+    if (access(PAINT_FONT, R_OK) || dfb->CreateFont(dfb, PAINT_FONT, &font, &painter->font))
+        painter->font = NULL;
+    painter->choice.size = 1;
+    strcpy(painter->help, usual_help);
 }
 
-static void move_to(Painter *painter, DFBInputDeviceButtonMask button, const Stroke *stroke, double turn)
+static void close_painter(Painter *painter)
 {
-    const double angle = 2 * 3.14159265358979323846 * turn, swing = cos(stroke->petals * angle);
-    DFBInputEvent event = {.type = DIET_AXISMOTION, .buttons = button};
-
-    event.flags = DIEF_AXISABS | DIEF_FOLLOW;
-    event.axis = DIAI_X;
-    event.axisabs = (int)lround(stroke->x + stroke->width * swing * sin(angle));
-    follow(painter, &event);
-    event.flags = DIEF_AXISABS;
-    event.axis = DIAI_Y;
-    event.axisabs = (int)lround(stroke->y - stroke->height * swing * cos(angle));
-    follow(painter, &event);
-}
-
-static void paint_by_itself(Painter *painter)
-{
-    const int steps = 240;
-    size_t i;
-    int step;
-
-    for (i = 0; i < sizeof strokes / sizeof *strokes; ++i) {
-        press(painter, strokes[i].pen);
-        press(painter, strokes[i].color);
-        move_to(painter, 0, &strokes[i], strokes[i].from);
-        for (step = 0; step <= steps; ++step)
-            move_to(painter, strokes[i].button, &strokes[i],
-                    strokes[i].from + (strokes[i].to - strokes[i].from) * step / steps);
-    }
+    if (painter->font)
+        painter->font->Release(painter->font);
+    painter->on_canvas->Release(painter->on_canvas);
+    painter->on_screen->Release(painter->on_screen);
+    close_canvas(painter);
+    screen_close(&painter->screen);
 }
 
 int main(int argc, char **argv)
 {
-    Painter painter = {0};
+    static Painter painter;
 
-    check(DirectFBInit(&argc, &argv));
-    open_painter(&painter);
-    if (argc == 3 && !strcmp(argv[1], "--dump")) {
+    open_painter(&painter, argc, argv);
+    if (painter.screen.png)
         paint_by_itself(&painter);
-        check(painter.screen->Dump(painter.screen, argv[2], "paint"));
-    } else {
-        paint_with_mouse(&painter);
-    }
+    paint(&painter);
     close_painter(&painter);
     return 0;
 }

@@ -1,13 +1,16 @@
 #!/usr/bin/python3
 """A rosette of translucent ellipses and a pen's star, drawn from Python through cffi.
 
-    ./df_rosette.py
-    ./df_rosette.py --dfb:system=dummy --dump DIRECTORY
+    ./df_rosette.py                  shows it for five seconds
+    ./df_rosette.py --png FILE
 
 Needs Debian's python3-cffi. The declarations are those of directfb.h and dtkhddvd.h; operations that are not called
 here are skipped by their number.
 """
+import argparse
 import math
+import os
+import signal
 import sys
 import time
 
@@ -25,7 +28,10 @@ ffi.cdef("""
         int magic, refs;
         DFBResult (*AddRef)(struct IDirectFBSurface *);
         DFBResult (*Release)(struct IDirectFBSurface *);
-        void *skipped_to_flip[15];
+        void *skipped_to_lock[12];
+        DFBResult (*Lock)(struct IDirectFBSurface *, int flags, void **ret_pixels, int *ret_pitch);
+        void *skipped_to_unlock[1];
+        DFBResult (*Unlock)(struct IDirectFBSurface *);
         DFBResult (*Flip)(struct IDirectFBSurface *, const void *region, int flags);
         void *skipped_to_clear[2];
         DFBResult (*Clear)(struct IDirectFBSurface *, uint8_t r, uint8_t g, uint8_t b, uint8_t a);
@@ -43,6 +49,7 @@ ffi.cdef("""
         DFBResult (*CreateSurface)(struct IDirectFB *, const DFBSurfaceDescription *, IDirectFBSurface **);
     } IDirectFB;
 
+    DFBResult DirectFBSetOption(const char *name, const char *value);
     DFBResult DirectFBInit(int *argc, char ***argv);
     DFBResult DirectFBCreate(IDirectFB **);
     const char *DirectFBErrorString(DFBResult);
@@ -72,12 +79,16 @@ ffi.cdef("""
     } DTKHDDVD;
 
     DFBResult CreateDrawingToolkit_HDDVD(IDirectFB *, IDirectFBSurface *, uint8_t use_scratch_pad, DTKHDDVD **);
+
+    typedef struct { void *opaque; uint32_t version, width, height, format, flags, colors, error; char text[64]; } Image;
+    int png_image_write_to_memory(Image *, void *memory, size_t *size, int to_8_bit, const void *, int32_t pitch, void *);
 """)
 # It brings the DirectFB along that it is linked with; another one beside it would crash.
 dtkhddvd = ffi.dlopen("libdtkhddvd.so.1")
 
 STROKE, FILL = 1, 2
-FLIP_BLIT = 2
+READ, FLIP_BLIT = 1, 2
+PNG_VERSION, PNG_BGRA = 1, 0x13
 SIDE = 440
 
 
@@ -91,12 +102,14 @@ def check(result, what):
         sys.exit(f"df_rosette: {what}: {ffi.string(dtkhddvd.DirectFBErrorString(result)).decode()}")
 
 
-def start_directfb():
-    """Starts DirectFB and returns its interface with the arguments that are not DirectFB's."""
+def start_directfb(*options):
+    """Starts DirectFB with the options of the command line, and returns its interface and the other arguments."""
     words = [ffi.new("char[]", word.encode()) for word in sys.argv]
     array = ffi.new("char *[]", words + [ffi.NULL])
     argc, argv = ffi.new("int *", len(words)), ffi.new("char ***", array)
     check(dtkhddvd.DirectFBInit(argc, argv), "DirectFBInit")
+    for name, value in options:
+        check(dtkhddvd.DirectFBSetOption(name, value), "DirectFBSetOption")
 
     dfb = ffi.new("IDirectFB **")
     check(dtkhddvd.DirectFBCreate(dfb), "DirectFBCreate")
@@ -136,8 +149,54 @@ def draw_star(toolkit):
     call(pen[0], "Release")
 
 
+def save(screen, file):
+    """Writes the picture as PNG, without its alpha."""
+    pixels, pitch = ffi.new("void **"), ffi.new("int *")
+    call(screen, "Lock", READ, pixels, pitch)
+    rows = bytearray(ffi.buffer(pixels[0], pitch[0] * SIDE))
+    call(screen, "Unlock")
+    rows[3::4] = b"\xff" * (len(rows) // 4)
+
+    image = ffi.new("Image *", {"version": PNG_VERSION, "width": SIDE, "height": SIDE, "format": PNG_BGRA})
+    size = ffi.new("size_t *", 2 * len(rows))
+    memory = ffi.new("char[]", size[0])
+    libpng = ffi.dlopen("libpng16.so.16")
+    if not libpng.png_image_write_to_memory(image, memory, size, 0, ffi.from_buffer(rows), pitch[0], ffi.NULL):
+        sys.exit(f"df_rosette: {ffi.string(image.text).decode()}")
+    try:
+        with open(file, "wb") as stream:
+            stream.write(ffi.buffer(memory, size[0]))
+    except OSError as error:
+        sys.exit(f"df_rosette: cannot write {file}: {error.strerror}")
+
+
+def is_directfb_option(argument):
+    return argument.startswith(("--dfb:", "--zuvo:"))
+
+
+def read_options():
+    """The command line without the options of DirectFB and the platform, read before anything is opened."""
+    parser = argparse.ArgumentParser(prog="df_rosette", description="Shows a rosette for five seconds.",
+                                     epilog="--dfb:... are options of DirectFB, --zuvo:... of the window.")
+    parser.add_argument("--png", metavar="FILE", help="write a picture to FILE instead of showing it")
+    parser.add_argument("--version", action="version", version="df_rosette 1.0.0")
+    return parser.parse_args([argument for argument in sys.argv[1:] if not is_directfb_option(argument)])
+
+
+def has_display():
+    """DirectFB 1.7 may crash where it finds nothing to show a picture on."""
+    named = any("system=" in argument for argument in sys.argv)
+    variables = ("DISPLAY", "WAYLAND_DISPLAY", "DFBARGS")
+    return named or any(map(os.environ.get, variables)) or any(map(os.path.exists, ("/dev/fb0", "/dev/dri/card0")))
+
+
 def main():
-    dfb, arguments = start_directfb()
+    signal.signal(signal.SIGINT, signal.SIG_DFL)
+    options = read_options()
+    if not options.png and not has_display():
+        sys.exit("df_rosette: there is no display; --png FILE writes the picture to a file")
+    system = [(b"system", b"dummy")] if options.png else []
+    dfb, _ = start_directfb((b"quiet", ffi.NULL), (b"no-sighandler", ffi.NULL), *system)
     screen = create_screen(dfb)
     call(screen, "Clear", 0x14, 0x14, 0x1C, 0xFF)
 
@@ -148,8 +207,8 @@ def main():
     call(toolkit[0], "Release")
 
     call(screen, "Flip", ffi.NULL, FLIP_BLIT)
-    if len(arguments) == 2 and arguments[0] == "--dump":
-        call(screen, "Dump", arguments[1].encode(), b"rosette")
+    if options.png:
+        save(screen, options.png)
     else:
         time.sleep(5)
     call(screen, "Release")

@@ -1,11 +1,10 @@
-/// Every primitive in every manner of drawing, on one sheet: `gallery FILE [software|hardware]` writes it as PNG.
-#include <cstdio>
-#include <stdexcept>
+/// Every primitive in every manner of drawing, on one sheet, as PNG.
 #include <string>
 #include <vector>
 
 #include <dtkhddvd.h>
 
+#include "options.h"
 #include "platform.h"
 #include "sheet.h"
 #include "write_png.h"
@@ -166,9 +165,8 @@ void draw_shapes(const tools::Platform& platform, IDirectFBSurface* sheet)
     }
 }
 
-void draw_gallery(const std::string& file, tools::BackEnd back_end, const std::vector<std::string>& words)
+void draw_gallery(const std::string& file, const tools::Platform& platform)
 {
-    const tools::Platform platform(sheet_width, sheet_height, back_end, words);
     const tools::Sheet sheet(platform.dfb(), sheet_width, sheet_height);
     sheet.fill_checks({margin, margin + caption_height, columns * cell_width, rows * cell_height}, 10);
     draw_captions(sheet);
@@ -180,22 +178,13 @@ void draw_gallery(const std::string& file, tools::BackEnd back_end, const std::v
 
 int main(int argc, char** argv)
 {
-    std::vector<std::string> words = {"--zuvo:window=off"}, arguments;
-    for (int i = 1; i < argc; ++i)
-        (tools::is_platform_word(argv[i]) ? words : arguments).push_back(argv[i]);
-
-    try {
-        if (arguments.empty() || arguments.size() > 2)
-            throw std::invalid_argument("usage: gallery FILE [software|hardware]");
-        const tools::BackEnd back_end = arguments.size() == 2 ? tools::back_end_named(arguments[1])
-                                                              : tools::BackEnd::any;
-        draw_gallery(arguments[0], back_end, words);
+    std::string file;
+    tools::BackEnd back_end = tools::BackEnd::any;
+    tools::Program program("Draws every primitive in every manner on one sheet. No window is opened.", "gallery");
+    program.add_path("file", file, "the PNG file to write")->required();
+    program.add_back_end(back_end);
+    return program.run(argc, argv, [&] {
+        draw_gallery(file, {sheet_width, sheet_height, back_end, tools::without_window(program.words())});
         return 0;
-    } catch (const std::invalid_argument& error) {
-        std::fprintf(stderr, "gallery: %s\n", error.what());
-        return 2;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "gallery: %s\n", error.what());
-        return 1;
-    }
+    });
 }

@@ -1,14 +1,11 @@
-/* Shows a drawing for some seconds; `hello --dfb:system=dummy --dump DIRECTORY` writes it to a file. */
-#include <string.h>
-#include <unistd.h>
-
-#include <dtkhddvd.h>
-
-static void check(DFBResult result)
-{
-    if (result)
-        DirectFBErrorFatal("hello", result);
-}
+/*
+ * Shows a drawing. Escape, closing its window and Ctrl-C end it.
+ *
+ *     cc hello.c screen.c -o hello $(pkg-config --cflags --libs dtkhddvd libpng)
+ *     ./hello
+ *     ./hello --png hello.png
+ */
+#include "screen.h"
 
 static void draw(DTKHDDVD *toolkit)
 {
@@ -31,29 +28,17 @@ static void draw(DTKHDDVD *toolkit)
 
 int main(int argc, char **argv)
 {
-    const DFBSurfaceDescription description = {
-        .flags = DSDESC_CAPS | DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT,
-        .caps = DSCAPS_PRIMARY | DSCAPS_FLIPPING, .width = 560, .height = 360, .pixelformat = DSPF_ARGB};
-    IDirectFB *dfb;
-    IDirectFBSurface *screen;
+    Screen screen;
     DTKHDDVD *toolkit;
 
-    check(DirectFBInit(&argc, &argv));
-    check(DirectFBCreate(&dfb));
-    check(dfb->SetCooperativeLevel(dfb, DFSCL_FULLSCREEN));
-    check(dfb->CreateSurface(dfb, &description, &screen));
-    check(screen->Clear(screen, 0x20, 0x20, 0x28, 0xFF));
-
-    check(CreateDrawingToolkit_HDDVD(dfb, screen, 1, &toolkit));
+    screen_open(&screen, argc, argv, "Shows a drawing.", 560, 360);
+    check(screen.surface->Clear(screen.surface, 0x20, 0x20, 0x28, 0xFF));
+    check(CreateDrawingToolkit_HDDVD(screen.dfb, screen.surface, 1, &toolkit));
     draw(toolkit);
     toolkit->Release(toolkit);
 
-    check(screen->Flip(screen, NULL, DSFLIP_BLIT));
-    if (argc == 3 && !strcmp(argv[1], "--dump"))
-        check(screen->Dump(screen, argv[2], "hello"));
-    else
-        sleep(5);
-    screen->Release(screen);
-    dfb->Release(dfb);
+    screen_show(&screen);
+    screen_await_end(&screen);
+    screen_close(&screen);
     return 0;
 }

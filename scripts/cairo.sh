@@ -62,6 +62,8 @@ logged "$log" "cairo's source package could not be fetched: check the network an
 say "cairo: configuring $cairo_version with its DirectFB back end ..."
 logged "$log" "cairo could not be configured: see the message above, then run again" configure
 say "cairo: building (about half a minute) ..."
+watch "$log" 30
 logged "$log" "cairo did not compile: see the message above, then run again" compile
+watch_end
 logged "$log" "cairo could not be put into $cache: check the free space, then run again" put_in_place
 say "cairo: ready in $cairo"

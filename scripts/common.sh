@@ -42,6 +42,34 @@ logged() {
     }
 }
 
+# watch LOG [SECONDS]: shows on a terminal, until watch_end, how far long work is: how many of SECONDS have gone, or where
+# there are none the last line of LOG. The watcher ends with this script, however that ends.
+watcher=''
+watch() {
+    [ -t 1 ] || return 0
+    watched_log=$1 watched_seconds=${2-} watch_start=$(date +%s)
+    while kill -0 $$ 2> /dev/null; do
+        printf '\r\033[K%s' "$(watch_line)"
+        sleep 0.5
+    done &
+    watcher=$!
+}
+
+watch_line() {
+    if [ -n "$watched_seconds" ]; then
+        printf '%s of %s s' "$(($(date +%s) - watch_start))" "$watched_seconds"
+    else
+        tail -n 1 "$watched_log" | cut -c 1-78
+    fi
+}
+
+watch_end() {
+    [ -n "$watcher" ] || return 0
+    kill "$watcher"
+    watcher=''
+    printf '\r\033[K'
+}
+
 # locked FILE: waits until no other run holds FILE; this script and its children then hold it on descriptor 9 to their end.
 locked() {
     { mkdir -p "$(dirname "$1")" && touch "$1"; } 2>/dev/null || fail "cannot write $1: make its folder writable${2:-}"

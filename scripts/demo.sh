@@ -27,7 +27,16 @@ picture_of() {
     fi
 }
 
-"$root/scripts/build.sh" default
+# On a terminal the lines of a build would push everything else off the screen.
+if [ -t 1 ]; then
+    mkdir -p "$build"
+    : > "$build/build.log"
+    watch "$build/build.log"
+    logged "$build/build.log" "the build failed: see the message above; ./run clean starts afresh" "$root/scripts/build.sh" default
+    watch_end
+else
+    "$root/scripts/build.sh" default
+fi
 [ $wants_help = no ] || exec "$build/dtk_demo" --help
 
 pictures=''
@@ -36,7 +45,7 @@ for back_end in $back_ends; do
     say "drawing ($back_end) ..."
     env -u DISPLAY -u WAYLAND_DISPLAY "$build/dtk_demo" --frames 100 --size 1280x720 "$@" --backend "$back_end" --png "$frames" ||
         fail "the demo program failed: see its message above"
-    env -u DISPLAY -u WAYLAND_DISPLAY "$build/gallery" "$gallery" "$back_end" || fail "the gallery program failed: see its message above"
+    env -u DISPLAY -u WAYLAND_DISPLAY "$build/gallery" "$gallery" --backend "$back_end" || fail "the gallery program failed: see its message above"
     pictures="$pictures
   $frames
   $gallery"
@@ -47,3 +56,5 @@ if [ -n "${DISPLAY-}${WAYLAND_DISPLAY-}" ]; then
         fail "the window failed: see the message above; --zuvo:window=off leaves it out"
 fi
 say "The pictures:$pictures"
+[ ! -t 1 ] || say "Next: $build/df_paint paints, $build/dtk_bench measures, docs/guide shows how to use the library,
+and ./run help lists what else there is."

@@ -34,10 +34,12 @@ for name in toolkit engine; do
     mkdir -p "$corpus"
     say "fuzzing ($name, $((seconds / 2 + 1)) s) ..."
     log=$directory/$name.log
+    watch "$log" $((seconds / 2 + 1))
     "$directory/fuzz_$name" -close_fd_mask=3 -max_total_time=$((seconds / 2 + 1)) -timeout=10 -max_len=400 -rss_limit_mb=4096 \
         -print_final_stats=1 -artifact_prefix="$directory/" "$corpus" "$root/tests/fuzz/corpus/$name" > "$log" 2>&1 || {
         tail -n 40 "$log" >&2
         fail "an input breaks the $name: it is in $directory, keep it in tests/fuzz/corpus/$name when it is mended"
     }
+    watch_end
     sed -n 's/^stat::number_of_executed_units: */  inputs tried: /p' "$log"
 done

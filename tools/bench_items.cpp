@@ -77,14 +77,15 @@ std::vector<BenchItem> bench_items(const std::string& text)
     return items;
 }
 
-ItemPainter::ItemPainter(const Platform& platform, IDirectFBSurface* surface, const BenchItem& item) : item_(item)
+ItemPainter::ItemPainter(IDirectFB* dfb, IDirectFBSurface* surface, const BenchItem& item, bool has_engine)
+    : item_(item)
 {
     DTKHDDVD* toolkit = nullptr;
-    check(CreateDrawingToolkit_HDDVD(platform.dfb(), surface, 1, &toolkit), "cannot create the toolkit");
+    check(CreateDrawingToolkit_HDDVD(dfb, surface, 1, &toolkit), "cannot create the toolkit");
     toolkit_.reset(toolkit);
-    create_pen(platform.has_engine());
+    create_pen(has_engine);
     if (item.manner.has_pattern)
-        create_texture(platform.dfb());
+        create_texture(dfb);
 }
 
 /// In software an outline of one pixel is drawn without a pen, the engine wants one.

@@ -32,8 +32,9 @@ std::vector<BenchItem> bench_items(const std::string& text);
 /// Draws one item again and again: has a toolkit with the item's pen and texture.
 class ItemPainter {
 public:
+    /// @param has_engine Whether the toolkit will draw through the platform's drawing engine.
     /// @throws std::runtime_error when something cannot be made.
-    ItemPainter(const Platform& platform, IDirectFBSurface* surface, const BenchItem& item);
+    ItemPainter(IDirectFB* dfb, IDirectFBSurface* surface, const BenchItem& item, bool has_engine);
     ItemPainter(const ItemPainter&) = delete;
     ItemPainter& operator=(const ItemPainter&) = delete;
     ~ItemPainter();

@@ -2,31 +2,29 @@
 #define TOOLS_BENCH_OPTIONS_H
 
 #include <string>
-#include <vector>
 
-#include "platform.h"
+#include "options.h"
 
 namespace tools {
 
 /// What dtk_bench was asked for.
 struct BenchOptions {
-    bool help = false;
     double duration = 1;                ///< How long each item draws, in seconds.
-    int width = 256, height = 256;      ///< The box of every shape.
-    DFBSurfacePixelFormat format = DSPF_ARGB;
-    std::string format_name = "ARGB";
+    long iterations = 0;                ///< How many shapes each item draws instead; 0 for as many as there is time for.
+    Size size = {256, 256};             ///< The box of every shape.
+    std::string format = "ARGB";
     std::string only;                   ///< What the names of the items contain; empty for all of them.
-    std::string csv, dump;              ///< A file and a directory; empty for none.
-    BackEnd back_end = BackEnd::any;
-    std::vector<std::string> words;     ///< The arguments for DirectFB and the platform.
+    std::string csv, json, dump;        ///< Two files and a directory; empty for none.
+    bool no_results = false;            ///< Nothing is printed.
+    bool window = false;                ///< Draw where one sees it.
+    BackEnd back_end = BackEnd::any;    ///< `any` stands for all that there are.
 };
 
-extern const char bench_help[];
+/// Lets @p program read @p options.
+void add_options(Program& program, BenchOptions& options);
 
-/// Reads the command line.
-///
-/// @throws std::invalid_argument with one line that says what is wrong.
-BenchOptions parse_bench_options(int argc, char** argv);
+/// The pixel format of a surface that @p options name.
+DFBSurfacePixelFormat pixel_format(const BenchOptions& options);
 
 } // namespace tools
 

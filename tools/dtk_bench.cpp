@@ -1,187 +1,123 @@
-#include <algorithm>
-#include <chrono>
+#include <csignal>
 #include <cstdio>
-#include <cstring>
-#include <random>
+#include <filesystem>
 #include <stdexcept>
 
-#include <dtkhddvd.h>
-#include <zuvo.h>
-
-#include "bench_items.h"
-#include "bench_options.h"
-#include "bench_report.h"
+#include "bench_files.h"
+#include "bench_measure.h"
+#include "bench_table.h"
+#include "progress.h"
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using tools::BackEnd;
 using tools::BenchItem;
 using tools::BenchOptions;
-using tools::check;
-using tools::ItemPainter;
-using tools::Outcome;
-using tools::Platform;
+using tools::BenchRow;
 
-constexpr int smallest_width = 1280, smallest_height = 720;
+volatile std::sig_atomic_t is_interrupted = 0;
 
-struct Bench {
-    const BenchOptions& options;
-    const Platform& platform;
-    IDirectFBSurface* surface;
-    std::vector<DFBRectangle> boxes; ///< Where the shapes are drawn, in turn.
-};
-
-/// The same places in every run, all of them inside the surface.
-std::vector<DFBRectangle> random_boxes(const BenchOptions& options, int surface_width, int surface_height)
+void interrupt(int)
 {
-    std::mt19937 random(1);
-    const auto place = [&](int space) { return static_cast<int>(random() % static_cast<unsigned int>(space + 1)); };
-    std::vector<DFBRectangle> boxes;
-    for (int i = 0; i < 64; ++i) {
-        const int x = place(surface_width - options.width), y = place(surface_height - options.height);
-        boxes.push_back({x, y, options.width, options.height});
-    }
-    return boxes;
+    is_interrupted = 1;
 }
 
-void clear(IDirectFBSurface* surface)
+/// Those that are asked for, or all that there are.
+std::vector<BackEnd> back_ends_of(const BenchOptions& options, const tools::Platform& platform)
 {
-    check(surface->Clear(surface, 0, 0, 0, 0), "cannot clear the surface");
+    if (options.back_end != BackEnd::any)
+        return {options.back_end};
+    if (!platform.has_engine())
+        return {BackEnd::software};
+    return {BackEnd::software, BackEnd::hardware};
 }
 
-/// The bytes of a pixel that show: RGB32 has an unused one at the end.
-std::size_t shown_bytes(DFBSurfacePixelFormat format)
+std::vector<std::string> names_of(const std::vector<BackEnd>& back_ends)
 {
-    return format == DSPF_RGB32 ? 3 : static_cast<std::size_t>(DFB_BYTES_PER_PIXEL(format));
+    std::vector<std::string> names;
+    for (const BackEnd back_end : back_ends)
+        names.push_back(tools::name_of(back_end));
+    return names;
 }
 
-/// How many pixels of a surface that was clear have been drawn.
-long count_pixels(const Bench& bench)
+std::vector<BenchItem> wanted_items(const BenchOptions& options)
 {
-    int width = 0, height = 0, pitch = 0;
-    void* memory = nullptr;
-    check(bench.surface->GetSize(bench.surface, &width, &height), "cannot tell the surface's size");
-    const auto flags = static_cast<DFBSurfaceLockFlags>(DSLF_READ | DSLF_WRITE);
-    check(bench.surface->Lock(bench.surface, flags, &memory, &pitch), "cannot read the surface");
-
-    const int size = DFB_BYTES_PER_PIXEL(bench.options.format);
-    const std::size_t compared = shown_bytes(bench.options.format);
-    const char empty[4] = {};
-    long count = 0;
-    for (int y = 0; y < height; ++y) {
-        const char* row = static_cast<const char*>(memory) + y * pitch;
-        for (int x = 0; x < width; ++x, row += size)
-            count += std::memcmp(row, empty, compared) != 0;
-    }
-    check(bench.surface->Unlock(bench.surface), "cannot read the surface");
-    return count;
-}
-
-void wait_until_drawn(const Platform& platform)
-{
-    if (platform.has_engine())
-        zuvo_dtk_sync(zuvo_dtk_get_handle());
-    check(platform.dfb()->WaitIdle(platform.dfb()), "cannot wait for DirectFB");
-}
-
-/// Draws until the time is over, looking at the clock after each round of places.
-DFBResult draw_for(const Bench& bench, ItemPainter& painter, Outcome& outcome)
-{
-    const Clock::time_point start = Clock::now();
-    do {
-        for (const DFBRectangle& box : bench.boxes) {
-            if (DFBResult result = painter.draw(box))
-                return result;
-        }
-        wait_until_drawn(bench.platform);
-        outcome.primitives += static_cast<long>(bench.boxes.size());
-        outcome.seconds = std::chrono::duration<double>(Clock::now() - start).count();
-    } while (outcome.seconds < bench.options.duration);
-    return DFB_OK;
-}
-
-/// A few shapes in changing colours, in the places that were measured.
-void dump(const Bench& bench, ItemPainter& painter, const BenchItem& item)
-{
-    clear(bench.surface);
-    for (unsigned int i = 0; i < 12; ++i) {
-        const unsigned int red = 40 + 17 * i, green = 220 - 15 * i, blue = 90 + 60 * (i % 3);
-        painter.set_color(static_cast<u8>(red), static_cast<u8>(green), static_cast<u8>(blue));
-        check(painter.draw(bench.boxes[i]), "cannot draw " + item.name);
-    }
-    wait_until_drawn(bench.platform);
-
-    std::string prefix = item.name;
-    prefix.erase(std::remove(prefix.begin(), prefix.end(), ','), prefix.end());
-    std::replace(prefix.begin(), prefix.end(), ' ', '-');
-    check(bench.surface->Dump(bench.surface, bench.options.dump.c_str(), prefix.c_str()),
-          "cannot write into " + bench.options.dump);
-}
-
-Outcome measure(const Bench& bench, const BenchItem& item)
-{
-    ItemPainter painter(bench.platform, bench.surface, item);
-    painter.set_color(0xFF, 0xFF, 0xFF);
-    clear(bench.surface);
-
-    Outcome outcome = {};
-    outcome.result = painter.draw(bench.boxes[0]);
-    if (outcome.result)
-        return outcome;
-    wait_until_drawn(bench.platform);
-    outcome.pixels = count_pixels(bench);
-    if (!outcome.pixels)
-        outcome.result = DFB_UNSUPPORTED;
-    else
-        outcome.result = draw_for(bench, painter, outcome);
-    if (!outcome.result && !bench.options.dump.empty())
-        dump(bench, painter, item);
-    return outcome;
-}
-
-void measure_all(const Bench& bench)
-{
-    const std::vector<BenchItem> items = tools::bench_items(bench.options.only);
+    const std::vector<BenchItem> items = tools::bench_items(options.only);
     if (items.empty())
-        throw std::invalid_argument("no item has '" + bench.options.only + "' in its name");
-    const tools::BenchReport report(bench.options.csv);
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        report.announce(i + 1, items.size(), items[i].name);
-        report.add(items[i].name, measure(bench, items[i]));
-    }
+        throw std::invalid_argument("no item has '" + options.only + "' in its name");
+    return items;
 }
 
-void run_bench(const BenchOptions& options)
+/// An item that was interrupted is left out.
+std::vector<BenchRow> measure_all(const BenchOptions& options, tools::BenchStage& stage, const std::vector<BenchItem>& items,
+                                  const std::vector<BackEnd>& back_ends)
 {
-    const int width = std::max(smallest_width, options.width), height = std::max(smallest_height, options.height);
-    std::vector<std::string> words = options.words;
-    words.insert(words.begin(), "--zuvo:window=off");
-    const Platform platform(smallest_width, smallest_height, options.back_end, words);
-    const auto surface = tools::create_surface(platform.dfb(), width, height, options.format);
+    const tools::Progress progress;
+    std::vector<BenchRow> rows;
+    for (const BenchItem& item : items) {
+        const double done = static_cast<double>(rows.size()) / static_cast<double>(items.size());
+        progress.show(tools::step_of(rows.size() + 1, items.size()) + item.name, done);
+        BenchRow row = {item.name, {}};
+        for (const BackEnd back_end : back_ends)
+            row.outcomes.push_back(stage.measure(item, back_end, is_interrupted));
+        progress.wipe();
+        if (is_interrupted)
+            break;
+        if (!options.no_results)
+            print_row(row);
+        rows.push_back(row);
+    }
+    return rows;
+}
 
-    std::printf("Shapes of %d x %d pixels on a surface of %d x %d, %s; %s back end, DirectFB %s\n\n", options.width,
-                options.height, width, height, options.format_name.c_str(),
-                platform.has_engine() ? "hardware" : "software",
+void create_folder(const std::string& folder)
+{
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (error)
+        throw std::runtime_error("cannot make the folder " + folder + ": " + error.message());
+}
+
+void print_heading(const BenchOptions& options, const tools::Platform& platform, const tools::Size& surface,
+                   const std::vector<std::string>& back_ends)
+{
+    std::printf("Shapes of %d x %d pixels on a surface of %d x %d, %s; DirectFB %s\n\n", options.size.width,
+                options.size.height, surface.width, surface.height, options.format.c_str(),
                 platform.is_accelerated() ? "accelerated" : "not accelerated");
-    measure_all({options, platform, surface.get(), random_boxes(options, width, height)});
+    tools::print_head(back_ends);
+}
+
+int run_bench(const BenchOptions& options, const std::vector<std::string>& words)
+{
+    const std::vector<BenchItem> items = wanted_items(options);
+    tools::ResultFile csv(options.csv), json(options.json);
+    if (!options.dump.empty())
+        create_folder(options.dump);
+
+    const tools::Platform platform(1280, 720, options.back_end, options.window ? words : tools::without_window(words));
+    const std::vector<BackEnd> back_ends = back_ends_of(options, platform);
+    tools::BenchStage stage(options, platform);
+    if (!options.no_results)
+        print_heading(options, platform, stage.size(), names_of(back_ends));
+    const std::vector<BenchRow> rows = measure_all(options, stage, items, back_ends);
+    if (csv.is_wanted())
+        csv.write(tools::as_csv(names_of(back_ends), rows));
+    if (json.is_wanted())
+        json.write(tools::as_json(options, names_of(back_ends), rows));
+    if (is_interrupted)
+        throw std::runtime_error("interrupted; the results up to there have been written");
+    return 0;
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    try {
-        const BenchOptions options = tools::parse_bench_options(argc, argv);
-        if (options.help)
-            std::fputs(tools::bench_help, stdout);
-        else
-            run_bench(options);
-        return 0;
-    } catch (const std::invalid_argument& error) {
-        std::fprintf(stderr, "dtk_bench: %s; try --help\n", error.what());
-        return 2;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "dtk_bench: %s\n", error.what());
-        return 1;
-    }
+    BenchOptions options;
+    tools::Program program("Measures how many shapes and pixels the toolkit draws in a second, by both back ends side by side.",
+                           "dtk_bench");
+    tools::add_options(program, options);
+    std::signal(SIGINT, interrupt);
+    std::signal(SIGTERM, interrupt);
+    return program.run(argc, argv, [&] { return run_bench(options, program.words()); });
 }

@@ -2,13 +2,17 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
-#include <stdexcept>
+#include <optional>
 #include <thread>
 
 #include <dtkhddvd.h>
+#include <unistd.h>
 
 #include "demo_options.h"
+#include "error_filter.h"
+#include "phase_times.h"
 #include "platform.h"
+#include "progress.h"
 #include "write_png.h"
 
 namespace {
@@ -26,6 +30,8 @@ struct Run {
     Clock::time_point start;
     int frames;
     IDirectFBEventBuffer* events;
+    tools::PhaseTimes phases;
+    const tools::Progress* progress;
 };
 
 Run run;
@@ -63,11 +69,24 @@ void keep_rate()
         std::this_thread::sleep_for(Seconds(std::min(due - now, 0.02)));
 }
 
+/// From 0 to 1, by the limit that is nearer.
+double share_done()
+{
+    const tools::DemoOptions& options = *run.options;
+    const double of_frames = options.frames ? static_cast<double>(run.frames) / options.frames : 0;
+    const double of_seconds = options.seconds > 0 ? seconds_since_start() / options.seconds : 0;
+    return std::max(of_frames, of_seconds);
+}
+
 DFBResult flip_and_count(IDirectFBSurface* surface, const DFBRegion* region, DFBSurfaceFlipFlags flags)
 {
+    const double before = seconds_since_start();
     if (DFBResult result = run.flip(surface, region, flags))
         return result;
+    run.phases.add_frame((seconds_since_start() - before) * 1e6);
     ++run.frames;
+    if (run.frames % 20 == 0)
+        run.progress->show("frame " + std::to_string(run.frames), share_done());
     keep_rate();
     return was_last_frame() ? DFB_INTERRUPTED : DFB_OK;
 }
@@ -92,7 +111,7 @@ const char* manner_of(const tools::Platform& platform)
                                      : "software back end, DirectFB not accelerated";
 }
 
-/// Answers how long it took, in seconds.
+/// Returns how long it took, in seconds.
 double draw_frames(IDirectFB* dfb, IDirectFBSurface* surface)
 {
     run.flip = surface->Flip;
@@ -109,43 +128,50 @@ double draw_frames(IDirectFB* dfb, IDirectFBSurface* surface)
     return seconds;
 }
 
-void demonstrate(const tools::DemoOptions& options)
+bool is_on_terminal()
 {
-    const tools::Platform platform(options.width, options.height, options.back_end, options.words);
-    const tools::Owned<IDirectFBSurface> surface = platform.layer_surface(options.width, options.height);
+    return isatty(STDOUT_FILENO) && isatty(STDERR_FILENO);
+}
+
+/// A person at a terminal is shown how far it is instead of the report of every 20th frame.
+double draw_frames_for_reader(IDirectFB* dfb, IDirectFBSurface* surface)
+{
+    std::optional<tools::ErrorFilter> filter;
+    if (is_on_terminal())
+        filter.emplace();
+    const tools::Progress progress(filter ? filter->errors() : stderr);
+    run.progress = &progress;
+    return draw_frames(dfb, surface);
+}
+
+void demonstrate(const tools::DemoOptions& options, const std::vector<std::string>& words)
+{
+    const tools::Platform platform(options.size.width, options.size.height, options.back_end, words);
+    const tools::Owned<IDirectFBSurface> surface = platform.layer_surface(options.size.width, options.size.height);
     run.options = &options;
     run.manner = manner_of(platform);
 
-    const double seconds = draw_frames(platform.dfb(), surface.get());
+    const double seconds = draw_frames_for_reader(platform.dfb(), surface.get());
     if (!options.png.empty())
         tools::write_png(options.png, surface.get());
     report(seconds);
-}
-
-int run_demo(int argc, char** argv)
-{
-    const tools::DemoOptions options = tools::parse_demo_options(argc, argv);
-    if (options.help) {
-        std::fputs(tools::demo_help, stdout);
-        return 0;
-    }
-    std::signal(SIGINT, interrupt);
-    std::signal(SIGTERM, interrupt);
-    demonstrate(options);
-    return 0;
+    if (is_on_terminal())
+        run.phases.print();
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    try {
-        return run_demo(argc, argv);
-    } catch (const std::invalid_argument& error) {
-        std::fprintf(stderr, "dtk_demo: %s; try --help\n", error.what());
-        return 2;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "dtk_demo: %s\n", error.what());
-        return 1;
-    }
+    tools::DemoOptions options;
+    tools::Program program("Draws the frames of test_dtkhd and reports how fast. On a desktop they are shown in a window,\n"
+                           "F11 makes it full screen. Escape, closing the window and Ctrl-C end the program after the frame.",
+                           "dtk_demo");
+    tools::add_options(program, options);
+    std::signal(SIGINT, interrupt);
+    std::signal(SIGTERM, interrupt);
+    return program.run(argc, argv, [&] {
+        demonstrate(options, program.words());
+        return 0;
+    });
 }

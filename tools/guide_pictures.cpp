@@ -1,11 +1,11 @@
-/// The pictures of the guide: `guide_pictures NAME FILE [software|hardware]` draws one of them as PNG.
-#include <cstdio>
+/// The pictures of the guide, each drawn as PNG.
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include <dtkhddvd.hpp>
 
+#include "options.h"
 #include "platform.h"
 #include "sheet.h"
 #include "write_png.h"
@@ -166,21 +166,21 @@ Sheet draw_back_end(const Platform& platform)
     return sheet;
 }
 
-void draw_picture(const std::string& name, const std::string& file, tools::BackEnd back_end)
+struct Picture {
+    const char* name;
+    Sheet (*draw)(const Platform& platform);
+};
+
+const Picture pictures[] = {{"pens", draw_pens},
+                            {"patterns", draw_patterns},
+                            {"scratch-pad", draw_scratch_pad},
+                            {"back-end", draw_back_end}};
+
+const Picture& picture_named(const std::string& name)
 {
-    const struct {
-        const char* name;
-        Sheet (*draw)(const Platform& platform);
-    } pictures[] = {{"pens", draw_pens},
-                    {"patterns", draw_patterns},
-                    {"scratch-pad", draw_scratch_pad},
-                    {"back-end", draw_back_end}};
-    for (const auto& picture : pictures) {
-        if (picture.name != name)
-            continue;
-        const Platform platform(640, 480, back_end, {"--zuvo:window=off"});
-        tools::write_png(file, picture.draw(platform).surface());
-        return;
+    for (const Picture& picture : pictures) {
+        if (picture.name == name)
+            return picture;
     }
     throw std::invalid_argument("there is no picture '" + name + "'");
 }
@@ -189,13 +189,16 @@ void draw_picture(const std::string& name, const std::string& file, tools::BackE
 
 int main(int argc, char** argv)
 {
-    try {
-        if (argc != 3 && argc != 4)
-            throw std::invalid_argument("usage: guide_pictures NAME FILE [software|hardware]");
-        draw_picture(argv[1], argv[2], tools::back_end_named(argc == 4 ? argv[3] : "software"));
+    std::string name, file;
+    tools::BackEnd back_end = tools::BackEnd::software;
+    tools::Program program("Draws a picture of the guide.", "guide_pictures");
+    program.add_option("name", name, "pens, patterns, scratch-pad or back-end")->required();
+    program.add_path("file", file, "the PNG file to write")->required();
+    program.add_back_end(back_end);
+    return program.run(argc, argv, [&] {
+        const Picture& picture = picture_named(name);
+        const Platform platform(640, 480, back_end, tools::without_window(program.words()));
+        tools::write_png(file, picture.draw(platform).surface());
         return 0;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "guide_pictures: %s\n", error.what());
-        return 1;
-    }
+    });
 }

@@ -5,29 +5,55 @@
 #include <string>
 #include <vector>
 
-#include <getopt.h>
+#include <CLI/CLI.hpp>
+
+#include "platform.h"
 
 namespace tools {
 
-/// Takes the words for DirectFB and the platform out of a command line: they go to @p words.
-std::vector<char*> other_arguments(int argc, char** argv, std::vector<std::string>& words);
+struct Size {
+    int width, height; ///< In pixels.
+};
 
-/// Hands each option of @p arguments, the first of which is the program's name, to @p apply as its letter and its
-/// value.
-///
-/// @throws std::invalid_argument for an unknown option, one without its value, and anything that is no option.
-void read_options(std::vector<char*> arguments, const option* known,
-                  const std::function<void(int letter, const char* value)>& apply);
+/// The command line of a program, read by CLI11, and how the program ends: `--help` and `--version` are answered before
+/// anything is opened, and what fails is one line on standard error.
+class Program : public CLI::App {
+public:
+    Program(const std::string& description, const std::string& name);
 
-/// Takes the path of a file or a folder, which may be anything but empty.
-///
-/// @throws std::invalid_argument "<name> takes a path, not ''".
-const char* parse_path(const char* name, const char* text);
+    /// Adds `--backend` for one of the two back ends.
+    CLI::Option* add_back_end(BackEnd& back_end);
 
-/// Reads a number from @p smallest to 1000000000, all of @p text.
-///
-/// @throws std::invalid_argument "<name> takes <wanted>, not '<text>'".
-double parse_number(const char* name, const char* text, double smallest, const char* wanted);
+    /// Adds an option that takes a size as WxH, or as N for a square.
+    CLI::Option* add_size(const std::string& name, Size& size, const std::string& description, Size smallest, Size largest);
+
+    /// Adds an option that takes the path of a file or a folder.
+    CLI::Option* add_path(const std::string& name, std::string& path, const std::string& description);
+
+    /// Reads the command line and does the program's @p work.
+    ///
+    /// @return The exit status: what @p work returned, 1 when it throws or standard output cannot be written, 2 when the
+    ///     command line or a std::invalid_argument of @p work is to blame.
+    int run(int argc, char** argv, const std::function<int()>& work);
+
+    /// The arguments for DirectFB and the platform, `--dfb:...` and `--zuvo:...`, which may stand anywhere.
+    const std::vector<std::string>& words() const { return words_; }
+
+private:
+    void read(int argc, char** argv);
+    int fail(int status, const std::string& message) const;
+
+    std::vector<std::string> words_;
+};
+
+/// Takes numbers from @p smallest to 1000000000.
+CLI::Validator number_from(double smallest);
+
+/// Takes one of @p names, which the help shows.
+CLI::Option* take_one_of(CLI::Option* option, const std::vector<std::string>& names);
+
+/// The arguments for a program that opens a window only where its user asks for one in @p words.
+std::vector<std::string> without_window(const std::vector<std::string>& words);
 
 } // namespace tools
 

@@ -75,6 +75,11 @@ BackEnd back_end_named(const std::string& name)
     throw std::invalid_argument("the back end is software or hardware, not '" + name + "'");
 }
 
+const char* name_of(BackEnd back_end)
+{
+    return back_end == BackEnd::hardware ? "hardware" : "software";
+}
+
 bool is_platform_word(const std::string& argument)
 {
     return argument.compare(0, 6, "--dfb:") == 0 || argument.compare(0, 7, "--zuvo:") == 0;

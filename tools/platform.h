@@ -17,6 +17,9 @@ enum class BackEnd { any, software, hardware };
 /// @throws std::invalid_argument for a name that is neither "software" nor "hardware".
 BackEnd back_end_named(const std::string& name);
 
+/// "software" or "hardware".
+const char* name_of(BackEnd back_end);
+
 /// Whether @p argument is for DirectFB or the platform: it begins with `--dfb:` or `--zuvo:`.
 bool is_platform_word(const std::string& argument);
 

@@ -1,6 +1,8 @@
 #include "write_png.h"
 
+#include <cerrno>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <stdexcept>
 #include <vector>
@@ -52,19 +54,27 @@ Picture read(IDirectFBSurface* surface)
     return picture;
 }
 
-} // namespace
-
-void write_png(const std::string& path, IDirectFBSurface* surface)
+bool write(FILE* file, const Picture& picture)
 {
-    const Picture picture = read(surface);
-
     png_image image = {};
     image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(picture.width);
     image.height = static_cast<png_uint_32>(picture.height);
     image.format = PNG_FORMAT_RGB;
-    if (!png_image_write_to_file(&image, path.c_str(), 0, picture.rgb.data(), 0, nullptr))
-        throw std::runtime_error("cannot write " + path + ": " + image.message);
+    return png_image_write_to_stdio(&image, file, 0, picture.rgb.data(), 0, nullptr);
+}
+
+} // namespace
+
+/// The file is opened here because libpng would remove what cannot be written to its end, were it /dev/full.
+void write_png(const std::string& path, IDirectFBSurface* surface)
+{
+    const Picture picture = read(surface);
+    FILE* file = std::fopen(path.c_str(), "wb");
+    const bool is_written = file && write(file, picture);
+    const bool is_closed = file && std::fclose(file) == 0;
+    if (!is_written || !is_closed)
+        throw std::runtime_error("cannot write " + path + ": " + std::strerror(errno));
 }
 
 } // namespace tools

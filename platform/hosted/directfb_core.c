@@ -33,12 +33,23 @@ static void complete_system(bool has_window)
     }
 }
 
+/**
+ * DirectFB's handling of signals gives a console back. Where there is none it blocks SIGPIPE, so that a program whose reader
+ * has ended would draw for ever, and crashes on Ctrl-C.
+ */
+static void leave_signals_alone(void)
+{
+    DirectFBSetOption("no-sighandler", NULL);
+}
+
 void directfb_core_complete_options(int width, int height, bool has_window)
 {
     complete_system(has_window);
 
-    if (directfb_system_is_soft())
+    if (directfb_system_is_soft()) {
         complete_layer(&dfb_config->layers[DLID_PRIMARY].config);
+        leave_signals_alone();
+    }
 
     if (!dfb_config->mode.width) {
         char mode[32];

@@ -127,9 +127,14 @@ TEST(Demo, HelpNamesEveryOption)
 {
     const Outcome outcome = run_command("dtk_demo --help");
     EXPECT_EQ(outcome.status, 0);
-    for (const char* option : {"--frames N", "--seconds S", "--rate N", "--size WxH", "--png FILE",
-                               "--backend software", "--backend hardware", "--help", "--dfb:", "--zuvo:"})
+    for (const char* option : {"--frames N", "--seconds S", "--rate N", "--size WxH", "--png PATH",
+                               "--backend software|hardware", "--help", "--version", "--dfb:", "--zuvo:"})
         EXPECT_THAT(outcome.output, HasSubstr(option));
+}
+
+TEST(Demo, TheLastOneOfAnOptionCounts)
+{
+    EXPECT_THAT(run_command("dtk_demo --frames 500 --size 320x240 --frames 3").output, HasSubstr("3 frames in "));
 }
 
 class DemoMisuse : public testing::TestWithParam<std::pair<const char*, const char*>> {};
@@ -143,16 +148,17 @@ TEST_P(DemoMisuse, ExitsWith2AndOneLine)
 
 INSTANTIATE_TEST_SUITE_P(
     Options, DemoMisuse,
-    testing::Values(std::pair("--frames 0", "--frames takes a number from 1, not '0'"),
-                    std::pair("--frames 12x", "--frames takes a number from 1, not '12x'"),
-                    std::pair("--frames 1.5", "--frames takes a number from 1, not '1.5'"),
-                    std::pair("--seconds 0", "--seconds takes a number above 0, not '0'"),
-                    std::pair("--rate slow", "--rate takes a number from 0.1, not 'slow'"),
-                    std::pair("--frames", "--frames lacks its value"),
-                    std::pair("--size 640", "--size takes 320x240 to 8192x8192, not '640'"),
-                    std::pair("--size 640x480x2", "--size takes 320x240 to 8192x8192, not '640x480x2'"),
-                    std::pair("--size 319x240", "--size takes 320x240 to 8192x8192, not '319x240'"),
-                    std::pair("--png ''", "--png takes a path, not ''"),
-                    std::pair("--backend firmware", "the back end is software or hardware, not 'firmware'"),
-                    std::pair("--colour", "--colour is no option"), std::pair("-xy", "-xy is no option"),
-                    std::pair("--frames 2 more", "unexpected argument 'more'")));
+    testing::Values(std::pair("--frames 0", "--frames: takes a number from 1, not '0'"),
+                    std::pair("--frames 12x", "--frames: takes a number from 1, not '12x'"),
+                    std::pair("--frames 1.5", "Could not convert: --frames = 1.5"),
+                    std::pair("--seconds 0", "--seconds: takes a number from 0.001, not '0'"),
+                    std::pair("--rate slow", "--rate: takes a number from 0.1, not 'slow'"),
+                    std::pair("--frames", "--frames: 1 required N missing"),
+                    std::pair("--size 200", "--size: takes 320x240 to 8192x8192, not '200'"),
+                    std::pair("--size 640x480x2", "--size: takes 320x240 to 8192x8192, not '640x480x2'"),
+                    std::pair("--size 319x240", "--size: takes 320x240 to 8192x8192, not '319x240'"),
+                    std::pair("--png ''", "--png: takes a path, not ''"),
+                    std::pair("--backend firmware", "--backend: firmware not in {software,hardware}"),
+                    std::pair("--colour", "The following argument was not expected: --colour"),
+                    std::pair("-xy", "The following argument was not expected: -xy"),
+                    std::pair("--frames 2 more", "The following argument was not expected: more")));

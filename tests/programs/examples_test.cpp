@@ -28,7 +28,7 @@ std::size_t different_colours(const Picture& picture)
 
 TEST(Gallery, DrawsEveryMannerInSoftware)
 {
-    const Picture picture = gallery("software");
+    const Picture picture = gallery("--backend software");
     EXPECT_EQ(picture.width, 1078u);
     EXPECT_EQ(picture.height, 702u);
     EXPECT_GE(different_colours(picture), 16u);
@@ -41,16 +41,16 @@ TEST(Gallery, DrawsWithWhatThePlatformOffers)
 
 TEST(Gallery, WithoutAnEngineHardwareFailsWithOneLine)
 {
-    const Outcome outcome = run_command("gallery " + temporary_file("none.png") + " hardware --zuvo:dtk=off");
+    const Outcome outcome = run_command("gallery " + temporary_file("none.png") + " --backend hardware --zuvo:dtk=off");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "gallery: the platform has no drawing engine\n");
 }
 
 TEST(Gallery, MisuseExitsWith2AndOneLine)
 {
-    EXPECT_EQ(run_command("gallery").output, "gallery: usage: gallery FILE [software|hardware]\n");
+    EXPECT_EQ(run_command("gallery").output, "gallery: file is required; try --help\n");
     EXPECT_EQ(run_command("gallery").status, 2);
-    EXPECT_EQ(run_command("gallery x.png firmware").output,
-              "gallery: the back end is software or hardware, not 'firmware'\n");
-    EXPECT_EQ(run_command("gallery x.png firmware").status, 2);
+    EXPECT_EQ(run_command("gallery x.png --backend firmware").output,
+              "gallery: --backend: firmware not in {software,hardware}; try --help\n");
+    EXPECT_EQ(run_command("gallery x.png --backend firmware").status, 2);
 }

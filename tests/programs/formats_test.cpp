@@ -8,15 +8,15 @@
 namespace {
 
 const char* const formats[] = {"ARGB", "RGB32", "RGB16", "A8", "LUT8"};
-const char refusal[] = " cannot be drawn on this surface";
+const char refusal[] = " cannot be drawn";
 
 /// What each item does, in the order in which they are drawn.
 using Row = std::pair<std::string, std::string>;
 
-/// The name at the start of a line of dtk_bench, which at least two blanks or the refusal end.
+/// The name at the start of a line of dtk_bench.
 std::string item_of(const std::string& line)
 {
-    const std::string name = line.substr(0, 39);
+    const std::string name = line.substr(0, 40);
     return name.substr(0, name.find_last_not_of(' ') + 1);
 }
 
@@ -28,7 +28,7 @@ std::vector<Row> draw_table(const std::string& back_end)
         const Outcome outcome = run_command("dtk_bench --duration 0.001 --size 16 --backend " + back_end +
                                             " --pixelformat " + format + " 2>/dev/null");
         std::vector<std::string> lines = lines_of(outcome.output);
-        lines.erase(lines.begin(), lines.begin() + 2);
+        lines.erase(lines.begin(), lines.begin() + 4);
         rows.resize(lines.size());
         for (std::size_t i = 0; i < lines.size(); ++i) {
             rows[i].first = item_of(lines[i]);

@@ -418,8 +418,8 @@ stage/opt/share/doc/dtkhddvd/somebody else's" ] || wrong "something else is left
         expect 0 demo --frames 20 --png /tmp/other.png
         expect_called '--frames 20 --png /tmp/other.png --backend software --png /tmp/other.png'
         expect_called '--frames 20 --png /tmp/other.png --backend hardware --png /tmp/other-hardware.png'
-        expect_called "gallery $tree/build/gallery.png software"
-        expect_called "gallery $tree/build/gallery-hardware.png hardware"
+        expect_called "gallery $tree/build/gallery.png --backend software"
+        expect_called "gallery $tree/build/gallery-hardware.png --backend hardware"
         expect_not_called '--rate'
         grep -q '/tmp/other.png$' "$place/out" || wrong "the picture's place is not said"
         ;;

@@ -10,10 +10,13 @@
 
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
 const char demo[] = "dtk_demo --frames 1 --size 320x240";
+const char* const examples[] = {"hello", "df_chart", "df_clock", "df_paint"};
+const char no_display[] = ": there is no display; --png FILE writes the picture to a file\n";
 const char dead_displays[][60] = {"DISPLAY=:987", "WAYLAND_DISPLAY=gone", "DISPLAY=:987 WAYLAND_DISPLAY=gone"};
 
 std::size_t count(const std::string& text, const std::string& part)
@@ -43,16 +46,35 @@ TEST(DeadDisplay, Ends100Of100StartsInOrder)
         ASSERT_EQ(run_command(demo, dead_displays[i % 3]).status, 0) << i;
 }
 
+TEST(DeadDisplay, EndsExamplesWithALineThatTellsTheWayWithoutOne)
+{
+    for (const char* example : examples) {
+        const Outcome outcome = run_command(example, dead_displays[0]);
+        EXPECT_EQ(outcome.status, 1) << example;
+        EXPECT_THAT(outcome.output, StartsWith("zuvo: no window: "));
+        EXPECT_THAT(outcome.output, EndsWith(std::string(example) + no_display));
+        EXPECT_EQ(count(outcome.output, "\n"), 2u);
+    }
+}
+
+TEST(NoDisplay, EndsExamplesWithALineThatTellsTheWayWithoutOne)
+{
+    for (const char* example : examples) {
+        const Outcome outcome = run_command(example);
+        EXPECT_EQ(outcome.status, 1) << example;
+        EXPECT_EQ(outcome.output, example + std::string(no_display));
+    }
+}
+
 TEST(DeadDisplay, ExamplesAreDrawnWithoutAWindow)
 {
-    const std::string directory = temporary_file("dump");
-    for (const char* example : {"hello", "df_chart", "df_clock", "df_paint"}) {
-        std::filesystem::create_directory(directory);
-        const Outcome outcome = run_command(std::string(example) + " --dfb:quiet --dump " + directory, dead_displays[0]);
+    const std::string file = temporary_file("drawn.png");
+    for (const char* example : examples) {
+        const Outcome outcome = run_command(std::string(example) + " --png " + file, dead_displays[0]);
         EXPECT_EQ(outcome.status, 0) << example;
-        EXPECT_THAT(outcome.output, StartsWith("zuvo: no window: "));
-        EXPECT_FALSE(std::filesystem::is_empty(directory));
-        std::filesystem::remove_all(directory);
+        EXPECT_EQ(outcome.output, "");
+        EXPECT_FALSE(read_png(file).pixels.empty());
+        std::filesystem::remove(file);
     }
 }
 
@@ -99,7 +121,7 @@ TEST(Options, SwitchTheWindowOff)
     const Outcome outcome = run_command(std::string(demo) + " --zuvo:window=off", "DISPLAY=:987");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(count(outcome.output, "zuvo"), 0u) << outcome.output;
-    EXPECT_EQ(count(run_command("hello --dump /nonexistent", "DISPLAY=:987 ZUVOARGS=window=off").output, "zuvo"), 0u);
+    EXPECT_EQ(count(run_command("hello", "DISPLAY=:987 ZUVOARGS=window=off").output, "zuvo"), 0u);
 }
 
 TEST(Options, SayWhatTheWindowMayBe)

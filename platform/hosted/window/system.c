@@ -46,6 +46,7 @@ static void leave_signals_alone(void)
     sigemptyset(&signals);
     sigaddset(&signals, SIGHUP);
     sigaddset(&signals, SIGINT);
+    sigaddset(&signals, SIGPIPE);
     sigaddset(&signals, SIGQUIT);
     sigaddset(&signals, SIGTERM);
     pthread_sigmask(SIG_UNBLOCK, &signals, NULL);

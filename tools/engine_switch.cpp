@@ -19,11 +19,11 @@ unsigned int zuvo_dtk_get_handle(void)
     return engine_is_visible ? platform_handle() : 0;
 }
 
-namespace bench {
+namespace tools {
 
 void show_engine(bool is_visible)
 {
     engine_is_visible = is_visible;
 }
 
-} // namespace bench
+} // namespace tools

@@ -1,8 +1,9 @@
-#ifndef BENCH_OPTIONS_H
-#define BENCH_OPTIONS_H
+#ifndef BENCH_CONTEST_OPTIONS_H
+#define BENCH_CONTEST_OPTIONS_H
 
 #include <string>
-#include <vector>
+
+#include "options.h"
 
 namespace bench {
 
@@ -13,14 +14,10 @@ struct Options {
     double seconds = 0.004;             ///< How long one column runs in one repetition, at least.
     bool growth = false;                ///< Measure every primitive at many sizes instead of the table's items.
     std::string csv, json, chart;       ///< Files to write; empty for none.
-    std::vector<std::string> words;     ///< For DirectFB and the platform.
-    bool help = false;
 };
 
-extern const char help_text[];
-
-/// @throws std::invalid_argument for what cannot be understood.
-Options parse_options(int argc, char** argv);
+/// Lets @p program read @p options.
+void add_options(tools::Program& program, Options& options);
 
 } // namespace bench
 
