@@ -14,6 +14,7 @@ public:
     Draw prepare(const Task& task) override;
 
 private:
+    Draw prepare_stores(const Task& task, Colour colour) const;
     Draw prepare_thin(const Task& task) const;
     Draw prepare_texture(const Task& task) const;
 };

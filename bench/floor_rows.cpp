@@ -49,11 +49,60 @@ __m256i rest_of(__m256i source)
 
 #endif
 
-} // namespace
-
-void store_row(std::uint32_t* row, int width, std::uint32_t colour)
+void store_plain(std::uint32_t* row, int width, std::uint32_t colour)
 {
     std::fill_n(row, width, colour);
+}
+
+#ifdef __AVX2__
+
+/// Stores a row of at least 16 pixels with `put(place, value)` for each whole vector at a multiple of its size.
+template <typename Put>
+void store_vectors(std::uint32_t* row, int width, std::uint32_t colour, const Put& put)
+{
+    const __m256i value = _mm256_set1_epi32(static_cast<int>(colour));
+    std::uint32_t* const last = row + width - 8;
+    store(row, value);
+    for (row += 8 - reinterpret_cast<std::uintptr_t>(row) / 4 % 8; row < last; row += 8)
+        put(reinterpret_cast<__m256i*>(row), value);
+    store(last, value);
+}
+
+void store_aligned(std::uint32_t* row, int width, std::uint32_t colour)
+{
+    if (width < 16)
+        store_plain(row, width, colour);
+    else
+        store_vectors(row, width, colour, [](__m256i* place, __m256i value) { _mm256_store_si256(place, value); });
+}
+
+/// Past the caches.
+void store_streamed(std::uint32_t* row, int width, std::uint32_t colour)
+{
+    if (width < 16)
+        return store_plain(row, width, colour);
+    store_vectors(row, width, colour, [](__m256i* place, __m256i value) { _mm256_stream_si256(place, value); });
+    _mm_sfence();
+}
+
+/// The processor's own loop.
+void store_string(std::uint32_t* row, int width, std::uint32_t colour)
+{
+    std::size_t count = static_cast<std::size_t>(width);
+    asm volatile("rep stosl" : "+D"(row), "+c"(count) : "a"(colour) : "memory");
+}
+
+#endif
+
+} // namespace
+
+std::vector<PaintRow> ways_to_store()
+{
+#ifdef __AVX2__
+    return {store_plain, store_aligned, store_streamed, store_string};
+#else
+    return {store_plain};
+#endif
 }
 
 void blend_row(std::uint32_t* row, int width, std::uint32_t colour)

@@ -3,6 +3,7 @@
 
 #include "contest.h"
 #include "contest_options.h"
+#include "directfb_painter.h"
 #include "floor.h"
 #include "growth.h"
 #include "peers.h"
@@ -24,6 +25,7 @@ std::vector<Column> make_columns(IDirectFB* dfb, IDirectFBSurface* surface)
     columns.push_back({prescribed_name, false, std::make_unique<Prescribed>(dfb, surface)});
     columns.push_back({software_name, false, std::make_unique<ToolkitPainter>(dfb, surface, tools::BackEnd::software)});
     columns.push_back({engine_name, false, std::make_unique<ToolkitPainter>(dfb, surface, tools::BackEnd::hardware)});
+    columns.push_back({"DirectFB", true, std::make_unique<DirectFBPainter>(dfb, surface)});
     for (Column& column : make_peers(memory))
         columns.push_back(std::move(column));
     return columns;

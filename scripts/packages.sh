@@ -25,6 +25,7 @@ packages_of() {
         # For scripts/cairo.sh, which unpacks and compiles a source package.
         cairo) echo dpkg-dev libpixman-1-dev zlib1g-dev ;;
         bench) echo libbenchmark-dev gnuplot-nox ;;
+        guard) echo libbenchmark-dev valgrind ;;
         # Libraries that the benchmarks compare with: each is left out where it cannot be had.
         peers) echo qtbase5-dev libagg-dev libimlib2-dev liballegro5-dev libsdl2-gfx-dev libgd-dev ;;
         i386) echo g++-i686-linux-gnu ;;

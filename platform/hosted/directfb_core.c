@@ -7,9 +7,10 @@
 #include <core/core.h>
 #include <core/surface.h>
 #include <core/surface_buffer.h>
-#include <fusion/hash.h>
 #include <gfx/clip.h>
 
+#include "directfb_hold.h"
+#include "directfb_surfaces.h"
 #include "directfb_system.h"
 #include "directfb_variant.h"
 
@@ -61,19 +62,8 @@ void directfb_core_complete_options(int width, int height, bool has_window)
 static struct {
     CoreSurface *surface;
     CoreSurfaceBufferLock lock;
-} opened[2];
-
-/** Answers the living surface @p id of a locked pool, NULL when there is none. */
-static const CoreSurface *look_up(FusionObjectPool *surfaces, DFBSurfaceID id)
-{
-    // The keys of this hash are numbers. NOLINTNEXTLINE(performance-no-int-to-ptr)
-    CoreSurface *surface = fusion_hash_lookup(surfaces->objects, (void *) (unsigned long) id);
-    int references = 0;
-
-    if (!surface || fusion_ref_stat(&surface->object.ref, &references) != DR_OK || references <= 0)
-        return NULL;
-    return surface;
-}
+    bool is_held;               /**< By its own lock instead of by references. */
+} opened[3];
 
 /** Rows of a surface that keeps its two fields apart lie elsewhere; it counts as of no known format. */
 static DFBSurfacePixelFormat format_of(const CoreSurface *surface)
@@ -81,51 +71,72 @@ static DFBSurfacePixelFormat format_of(const CoreSurface *surface)
     return surface->config.caps & DSCAPS_SEPARATED ? DSPF_UNKNOWN : surface->config.format;
 }
 
-/** Every operation asks this first. The pool's lock spares the two of a reference that comes and goes. */
+/** Every operation asks this first. */
 DirectFBCoreAnswer directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelFormat *ret_format)
 {
-    FusionObjectPool *surfaces = core_dfb ? core_dfb->shared->surface_pool : NULL;
-    const CoreSurface *surface;
+    const CoreSurface *surface = directfb_surfaces_begin_use(id);
 
-    if (!surfaces || fusion_skirmish_prevail(&surfaces->lock) != DR_OK)
+    if (!surface)
         return DIRECTFB_CORE_UNKNOWN;
+    *ret_format = format_of(surface);
+    directfb_surfaces_end_use();
+    return DIRECTFB_CORE_OK;
+}
 
-    surface = look_up(surfaces, id);
-    if (surface)
-        *ret_format = format_of(surface);
-    fusion_skirmish_dismiss(&surfaces->lock);
-    return surface ? DIRECTFB_CORE_OK : DIRECTFB_CORE_UNKNOWN;
+/** Locks a surface's back buffer in DirectFB's way. */
+static DirectFBCoreAnswer lock_back_buffer(DirectFBCoreUse use, DFBSurfaceID id)
+{
+    const CoreSurfaceAccessFlags access = use == DIRECTFB_CORE_PATTERN ? CSAF_READ : CSAF_READ | CSAF_WRITE;
+    CoreSurface *surface;
+
+    if (!core_dfb || dfb_core_get_surface(core_dfb, id, &surface) != DFB_OK)
+        return DIRECTFB_CORE_UNKNOWN;
+    if (dfb_surface_lock_buffer(surface, DIRECTFB_BACK_BUFFER, CSAID_CPU, access, &opened[use].lock) != DFB_OK) {
+        dfb_surface_unref(surface);
+        return DIRECTFB_CORE_NOT_LOCKED;
+    }
+    opened[use].surface = surface;
+    return DIRECTFB_CORE_OK;
+}
+
+static DirectFBCorePixels pixels_of(DirectFBCoreUse use)
+{
+    const CoreSurface *surface = opened[use].surface;
+    const CoreSurfaceBufferLock *lock = &opened[use].lock;
+
+    return (DirectFBCorePixels) {lock->addr, lock->pitch, surface->config.size.w, surface->config.size.h,
+                                 format_of(surface)};
 }
 
 DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, DirectFBCorePixels *ret_pixels)
 {
-    const CoreSurfaceAccessFlags access = use == DIRECTFB_CORE_TARGET ? CSAF_READ | CSAF_WRITE : CSAF_READ;
-    CoreSurface *surface;
-    CoreSurfaceBufferLock *lock = &opened[use].lock;
-
     assert(!opened[use].surface); /* Two threads draw with the engine otherwise. */
-    if (!core_dfb || dfb_core_get_surface(core_dfb, id, &surface) != DFB_OK)
-        return DIRECTFB_CORE_UNKNOWN;
-
-    if (dfb_surface_lock_buffer(surface, DIRECTFB_BACK_BUFFER, CSAID_CPU, access, lock) != DFB_OK) {
-        dfb_surface_unref(surface);
-        return DIRECTFB_CORE_NOT_LOCKED;
+    if (use == DIRECTFB_CORE_ONLY_TARGET)
+        opened[use].surface = directfb_hold(id, &opened[use].lock);
+    opened[use].is_held = opened[use].surface;
+    if (!opened[use].is_held) {
+        const DirectFBCoreAnswer answer = lock_back_buffer(use, id);
+        if (answer != DIRECTFB_CORE_OK)
+            return answer;
     }
-
-    opened[use].surface = surface;
-    ret_pixels->address = lock->addr;
-    ret_pixels->pitch = lock->pitch;
-    ret_pixels->width = surface->config.size.w;
-    ret_pixels->height = surface->config.size.h;
-    ret_pixels->format = format_of(surface);
+    *ret_pixels = pixels_of(use);
     return DIRECTFB_CORE_OK;
 }
 
 void directfb_core_close(DirectFBCoreUse use)
 {
-    dfb_surface_unlock_buffer(opened[use].surface, &opened[use].lock);
-    dfb_surface_unref(opened[use].surface);
+    if (opened[use].is_held) {
+        directfb_let_go(opened[use].surface, &opened[use].lock);
+    } else {
+        dfb_surface_unlock_buffer(opened[use].surface, &opened[use].lock);
+        dfb_surface_unref(opened[use].surface);
+    }
     opened[use].surface = NULL;
+}
+
+void directfb_core_forget_surfaces(void)
+{
+    directfb_surfaces_forget();
 }
 
 /* DirectFB 1.7 never joins the thread that hands out Fusion's messages, and it is not told to the outside. DirectFB2 does

@@ -32,6 +32,7 @@ void directfb_core_await_end(void);
 
 /** What a surface is opened for: each is open at most once at a time. */
 typedef enum DirectFBCoreUse {
+    DIRECTFB_CORE_ONLY_TARGET,      /**< While nothing else is open, which takes fewer locks; other threads wait for it. */
     DIRECTFB_CORE_TARGET,
     DIRECTFB_CORE_PATTERN
 } DirectFBCoreUse;
@@ -60,6 +61,9 @@ DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, Dire
 
 /** Unlocks the surface again and lets it go. */
 void directfb_core_close(DirectFBCoreUse use);
+
+/** Gives up what is kept about DirectFB's surfaces from one call to the next, while DirectFB goes on. */
+void directfb_core_forget_surfaces(void);
 
 /** Cuts a line to @p clip as DirectFB does before it draws one. Answers false when nothing is left. */
 bool directfb_core_clip_line(const DFBRegion *clip, DFBRegion *line);

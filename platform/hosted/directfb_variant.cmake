@@ -14,8 +14,15 @@ function(check_directfb result code)
   set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
   check_c_source_compiles("
 #include <directfb.h>
+#include <core/core.h>
 #include <core/gfxcard.h>
 #include <core/surface.h>
+#include <core/surface_allocation.h>
+#include <core/surface_buffer.h>
+#include <core/surface_pool.h>
+#include <fusion/build.h>
+#include <fusion/object.h>
+#include <misc/conf.h>
 ${code}
 " ${result})
 endfunction()
@@ -43,3 +50,26 @@ find_form(DIRECTFB_CORE_HAS_BUFFER_ROLES
 find_form(DIRECTFB_SURFACE_FLIPS_LAYER
   "DFBResult report(CoreSurface *surface) { return dfb_surface_dispatch_update(surface, 0, 0, 0, DSFLIP_NONE); }"
   "DFBResult report(CoreSurface *surface) { return dfb_surface_dispatch_update(surface, 0, 0, 0); }")
+find_form(DIRECTFB_CORE_HAS_TASK_MANAGER
+  "bool ask(void) { return dfb_config->task_manager; }"
+  "bool ask(void) { return dfb_config->thrifty_surface_buffers; }")
+
+# Whether the short ways to surfaces and their memory are there: all is in this process, and has the fields that are looked
+# at. Where it does not compile, DirectFB's own way is taken.
+check_directfb(DIRECTFB_CORE_IS_OWN "
+#if FUSION_BUILD_MULTI
+#error
+#endif
+FusionObjectDestructor *destructor(CoreDFB *core) { return &core->shared->surface_pool->destructor; }
+bool is_current(const CoreSurfaceBuffer *buffer, CoreSurfaceAllocation *allocation, CoreSurfaceBufferLock *lock)
+{
+  allocation->accessed[CSAID_CPU] |= allocation->access[CSAID_CPU];
+  allocation->accessed[CSAID_GPU] = CSAF_NONE;
+  dfb_gfxcard_wait_serial(&allocation->gfx_serial);
+  return buffer->written == allocation && !buffer->read && buffer->allocs.count == 1
+    && !(allocation->flags & CSALF_PREALLOCATED) && direct_serial_check(&allocation->serial, &buffer->serial)
+    && dfb_surface_pool_prelock(allocation->pool, allocation, CSAID_CPU, CSAF_READ) == DFB_OK
+    && dfb_surface_pool_lock(allocation->pool, allocation, lock) == DFB_OK
+    && !(buffer->surface->state & CSSF_DESTROYED) && !dfb_config->thrifty_surface_buffers;
+}")
+target_compile_definitions(directfb_internal INTERFACE DIRECTFB_CORE_IS_OWN=$<BOOL:${DIRECTFB_CORE_IS_OWN}>)

@@ -22,6 +22,13 @@
 #define DIRECTFB_BACK_BUFFER DSBR_BACK
 #endif
 
+/* Option of 1.7 by which whatever uses a surface becomes a task. */
+#if DIRECTFB_CORE_HAS_TASK_MANAGER
+#define DIRECTFB_HAS_TASK_MANAGER dfb_config->task_manager
+#else
+#define DIRECTFB_HAS_TASK_MANAGER false
+#endif
+
 /*
  * How a layer in system memory is buffered, where nothing else was asked for. DirectFB2 swaps the buffers of such a
  * layer where a copying Flip was meant, and draws to the wrong one afterwards. A single buffer is always the right one.

@@ -1,3 +1,4 @@
+#include "directfb_core.h"
 #include "platform.h"
 #include "words.h"
 #include "zuvo.h"
@@ -28,6 +29,7 @@ int zuvo_init(unsigned int)
 void zuvo_uninit(void)
 {
     started = false;
+    directfb_core_forget_surfaces();
 }
 
 unsigned int zuvo_display_open(unsigned int index)

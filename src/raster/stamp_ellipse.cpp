@@ -1,34 +1,13 @@
-#include "pen/batch.h"
+#include "raster/stamp_far_ellipse.h"
+
 #include "raster/ellipse_walk.h"
 
 #include <cstdlib>
 
 namespace {
 
-struct Centre {
-    long long x, y;
-};
-
-/// An ellipse is walked as a whole, since how its steps are rounded belongs to it; only stamps that may be seen are queued.
-DFBResult stamp_far(const DFBRectangle& rect, const Centre& centre, dtk::StampBatch& batch)
-{
-    const auto stamp_row = [&](long long x, long long y) {
-        batch.add_if_near(centre.x + x, centre.y + y);
-        batch.add_if_near(centre.x - x, centre.y + y);
-    };
-    const auto stamp_poles = [&](long long pole) {
-        batch.add_if_near(centre.x, centre.y + pole);
-        batch.add_if_near(centre.x, centre.y - pole);
-    };
-    dtk::walk_ellipse(rect, 1LL, stamp_poles, [&](long long x, long long y) {
-        stamp_row(x, y);
-        stamp_row(x, -y);
-    });
-    return batch.finish();
-}
-
 /// Whether all stamps may be seen. The walk may end one column beyond the half axis.
-bool is_near(const DFBRectangle& rect, const Centre& centre, const dtk::StampBatch& batch)
+bool is_near(const DFBRectangle& rect, const dtk::Centre& centre, const dtk::StampBatch& batch)
 {
     const long long a = std::abs(rect.w / 2LL) + 1, b = std::abs(rect.h / 2LL) + 1;
     return batch.is_near(centre.x - a, centre.y - b, centre.x + a, centre.y + b);
@@ -38,10 +17,10 @@ bool is_near(const DFBRectangle& rect, const Centre& centre, const dtk::StampBat
 
 DFBResult stamp_ellipse(IDirectFBSurface* dest, const DFBRectangle* rect, IDirectFBSurface* pen_surface)
 {
-    const Centre centre = {0LL + rect->x + rect->w / 2, 0LL + rect->y + rect->h / 2};
+    const dtk::Centre centre = {0LL + rect->x + rect->w / 2, 0LL + rect->y + rect->h / 2};
     dtk::StampBatch batch(dest, pen_surface);
     if (!is_near(*rect, centre, batch))
-        return stamp_far(*rect, centre, batch);
+        return dtk::stamp_far_ellipse(*rect, centre, batch);
 
     const int cx = static_cast<int>(centre.x);
     const int cy = static_cast<int>(centre.y);

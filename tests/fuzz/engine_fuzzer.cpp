@@ -34,7 +34,7 @@ Surface* find_surface(DFBSurfaceID id)
     return id >= 1 && id <= surface_count ? &surfaces[id - 1] : nullptr;
 }
 
-DFBSurfaceID opened[2];
+DFBSurfaceID opened[3];
 
 void make_surfaces(Bytes& bytes)
 {

@@ -120,24 +120,24 @@ TEST(EngineRows, SpansAreWrittenRowByRow)
     std::mt19937 random(12);
     const std::size_t width = 90, count = 7;
     for (int i = 0; i < 4000; ++i) {
-        const std::size_t step = random() % 3;
+        const std::size_t step = random() % 3, parts = 1 + random() % 2;
         std::vector<RowSpan> spans;
-        for (std::size_t j = 0; j < 1 + step * (count - 1); ++j)
+        for (std::size_t j = 0; j < parts + step * (count - 1); ++j)
             spans.push_back({static_cast<int>(random() % width), static_cast<int>(random() % (width + 1))});
         const uint32_t colour = random_pixel(random);
         const Words before = random_words(random, width * count);
         for (const Rows* rows : all_rows()) {
             Words stored = before, blended = before, plain_stored = before, plain_blended = before;
-            const RowSpans on_stored = {stored.data(), width * 4, spans.data(), step, count};
-            const RowSpans on_blended = {blended.data(), width * 4, spans.data(), step, count};
+            const RowSpans on_stored = {stored.data(), width * 4, spans.data(), step, count, parts};
+            const RowSpans on_blended = {blended.data(), width * 4, spans.data(), step, count, parts};
             rows->fill_spans(&on_stored, colour);
             rows->blend_colour_spans(&on_blended, colour);
-            for (std::size_t row = 0; row < count; ++row) {
-                const RowSpan& span = spans[step * row];
+            for (std::size_t j = 0; j < count * parts; ++j) {
+                const RowSpan& span = spans[step * (j / parts) + j % parts];
                 for (int x = span.left; x < span.right; ++x) {
-                    const std::size_t at = row * width + static_cast<std::size_t>(x);
+                    const std::size_t at = j / parts * width + static_cast<std::size_t>(x);
                     plain_stored[at] = colour;
-                    plain_blended[at] = over(colour, before[at]);
+                    plain_blended[at] = over(colour, plain_blended[at]);
                 }
             }
             ASSERT_EQ(stored, plain_stored);

@@ -43,7 +43,7 @@ void fill_pixels(const AccelJob& job, const DFBRectangle& part)
         return fill_narrow(job, part);
     auto* first_row = reinterpret_cast<uint32_t*>(pixel_at(job.target, 0, part.y));
     const RowSpan span = {part.x, part.x + part.w};
-    const RowSpans rows = {first_row, job.target.pitch, &span, 0, static_cast<size_t>(part.h)};
+    const RowSpans rows = {first_row, job.target.pitch, &span, 0, static_cast<size_t>(part.h), 1};
     job.rows->fill_spans(&rows, job.colour);
 }
 

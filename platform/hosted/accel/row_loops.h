@@ -80,15 +80,40 @@ template <class WriteSpan>
 inline void write_spans(const RowSpans& rows, const WriteSpan& write_span)
 {
     auto* row = reinterpret_cast<uint8_t*>(rows.first_row);
-    const RowSpan* span = rows.spans;
+    const RowSpan* spans = rows.spans;
     const size_t below = rows.pitch / sizeof(uint32_t);
-    for (size_t i = 0; i < rows.count; ++i, row += rows.pitch, span += rows.step)
-        if (span->left < span->right)
-            write_span(reinterpret_cast<uint32_t*>(row) + span->left, static_cast<size_t>(span->right - span->left), below);
+    for (size_t i = 0; i < rows.count; ++i, row += rows.pitch, spans += rows.step) {
+        const RowSpan* span = spans;
+        do {
+            if (span->left < span->right)
+                write_span(reinterpret_cast<uint32_t*>(row) + span->left,
+                           static_cast<size_t>(span->right - span->left), below);
+        } while (++span < spans + rows.parts);
+    }
+}
+
+/// Fills a row of more than two vectors in the order of its addresses, and fetches the row below.
+template <class V>
+inline void fill_vectors(uint32_t* target, uint32_t colour, size_t count, size_t below)
+{
+    const typename V::Pixels pixels = typename V::Pixels{} + colour;
+    uint32_t* const last = target + count - V::count;
+    store<V>(target, pixels);
+    target += pixels_to_boundary<V>(target);
+    for (; target + V::count < last; target += 2 * V::count) {
+        __builtin_prefetch(target + below, 1);
+        store<V>(target, pixels);
+        store<V>(target + V::count, pixels);
+    }
+    if (target < last)
+        store<V>(target, pixels);
+    store<V>(last, pixels);
 }
 
 inline void fill_row(uint32_t* target, uint32_t colour, size_t count, size_t below)
 {
+    if (count > 2 * Wide::count)
+        return fill_vectors<Wide>(target, colour, count, below);
     write_row(target, count, below, [colour](auto v, size_t) { return typename decltype(v)::Pixels{} + colour; });
 }
 

@@ -20,13 +20,14 @@ typedef struct RowSpan {
     int left, right;
 } RowSpan;
 
-/// One span in each of @p count rows that lie below each other.
+/// Spans in each of @p count rows that lie below each other.
 typedef struct RowSpans {
     uint32_t *first_row;  /**< The pixel in column 0 of the first row. */
     size_t pitch;         /**< Bytes from a row to the next. */
     const RowSpan *spans;
-    size_t step;          /**< From a row's span to the next row's; 0 when all rows have the same one. */
+    size_t step;          /**< From a row's first span to the next row's; 0 when all rows have the same ones. */
     size_t count;
+    size_t parts;         /**< Spans of one row, neighbours in memory. */
 } RowSpans;
 
 /// One set of row functions, all compiled for the same processor.

@@ -92,10 +92,10 @@ void accel_check_state(void *driver_data, void *device_data, CardState *state, D
 }
 
 /// Describes locked memory. Everything is drawn before the call returns, so DirectFB need not wait for it before the
-/// CPU's next access.
+/// CPU's next access. Another thread may be looking, under another lock.
 static AccelImage image_of(CoreSurfaceBufferLock *lock)
 {
-    lock->allocation->accessed[CSAID_GPU] = CSAF_NONE;
+    __atomic_store_n(&lock->allocation->accessed[CSAID_GPU], CSAF_NONE, __ATOMIC_RELAXED);
     const CoreSurfaceConfig *config = &lock->allocation->config;
     return (AccelImage){lock->addr, lock->pitch, config->size.w, config->size.h, DFB_BYTES_PER_PIXEL(config->format)};
 }

@@ -4,14 +4,28 @@
 
 namespace zuvo {
 
+namespace {
+
+/// Those of the numbers from @p first up to, but without, @p end that lie from 0 up to @p size.
+Span cut(int64_t first, int64_t end, int size)
+{
+    return {static_cast<int>(std::clamp(first, int64_t(0), int64_t(size))),
+            static_cast<int>(std::clamp(end, int64_t(0), int64_t(size)))};
+}
+
+/// Gives the same spans in each of the rows; empty spans do no harm.
+void give_rows(Span rows, const Span* spans, int parts, RowSink& sink)
+{
+    if (!is_empty(rows))
+        sink.take_rows(sink, {rows.left, rows.right - rows.left, spans, 0, parts});
+}
+
+} // namespace
+
 void give_box(const Box& box, Extent extent, RowSink& sink)
 {
-    const int64_t top = std::max(box.top, int64_t(0)), bottom = std::min(box.bottom, int64_t(extent.height));
-    const int64_t left = std::max(box.left, int64_t(0)), right = std::min(box.right, int64_t(extent.width));
-    if (top >= bottom || left >= right)
-        return;
-    const Span span = {static_cast<int>(left), static_cast<int>(right)};
-    sink.take_rows(sink, {static_cast<int>(top), static_cast<int>(bottom - top), &span, 0});
+    const Span span = cut(box.left, box.right, extent.width);
+    give_rows(cut(box.top, box.bottom, extent.height), &span, 1, sink);
 }
 
 void give_border(const DFBRectangle& rect, const PenRows& pen, Extent extent, RowSink& sink)
@@ -26,8 +40,8 @@ void give_border(const DFBRectangle& rect, const PenRows& pen, Extent extent, Ro
         return give_box(outer, extent, sink);
 
     give_box({outer.left, outer.top, outer.right, inner.top}, extent, sink);
-    give_box({outer.left, inner.top, inner.left, inner.bottom}, extent, sink);
-    give_box({inner.right, inner.top, outer.right, inner.bottom}, extent, sink);
+    const Span sides[] = {cut(outer.left, inner.left, extent.width), cut(inner.right, outer.right, extent.width)};
+    give_rows(cut(inner.top, inner.bottom, extent.height), sides, 2, sink);
     give_box({outer.left, inner.bottom, outer.right, outer.bottom}, extent, sink);
 }
 

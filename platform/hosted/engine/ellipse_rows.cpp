@@ -109,53 +109,82 @@ private:
     long long block_rows_ = 0;      ///< How many rows of each half lie beyond it.
 };
 
-/// The same where nothing is cut off: every row is as wide to the left of the middle as to its right, and the last span
-/// that is entered into a row is the widest.
+/// The same where nothing is cut off, around column 0: every row is as wide to the left of the middle as to its right, and
+/// the last span that is entered into a row is the widest.
 class WholeEllipseFill {
 public:
     /// @p rows has room for each row from one above the box to one below it.
-    WholeEllipseFill(Span* rows, const DFBRectangle& box)
-        : rows_(rows), box_(box), middle_(static_cast<int>((2LL * box.x + box.w) / 2))
-    {
-    }
+    WholeEllipseFill(Span* rows, int width, int height) : rows_(rows), width_(width), height_(height + 1) {}
 
-    /// Answers false when this is no such ellipse.
-    bool enter(Extent extent)
+    /// Returns how far the rows reach to each side; beyond everything when this is no such ellipse.
+    int enter()
     {
-        const int height = box_.h + 1;
-        int block = 0, block_rows = 0, x_end = 0;
-        rows_[height] = {0, 0};
+        int block = 0, block_rows = 0, reach = 0;
+        rows_[height_] = {0, 0};
         dtk::walk_quarter(
-            {box_.w, height, height},
+            {width_, height_, height_},
             [&](long long x, long long rows, bool turned) {
-                x_end = block = static_cast<int>(x);
+                reach = block = static_cast<int>(x);
                 block_rows = static_cast<int>(rows);
                 if (turned)
                     enter_mirrored(block_rows, block);
             },
             [&](long long x, long long rows) {
-                x_end = static_cast<int>(x);
-                enter_mirrored(static_cast<int>(rows), x_end);
+                reach = static_cast<int>(x);
+                enter_mirrored(static_cast<int>(rows), reach);
             });
-        if (2 * block_rows + 1 < height)
-            rows_[height - block_rows] = around_middle(block);
-        return 2 * block_rows + 1 != height && x_end <= middle_ && x_end <= extent.width - middle_;
+        if (2 * block_rows + 1 < height_)
+            rows_[height_ - block_rows] = {-block, block};
+        return 2 * block_rows + 1 != height_ ? reach : far_away;
     }
 
 private:
     void enter_mirrored(int rows, int x)
     {
-        const Span span = around_middle(x);
-        rows_[rows] = span;
-        rows_[box_.h + 1 - rows] = span;
+        rows_[rows] = {-x, x};
+        rows_[height_ - rows] = {-x, x};
     }
 
-    Span around_middle(int x) const { return {middle_ - x, middle_ + x}; }
-
     Span* rows_;
-    DFBRectangle box_;
-    int middle_;
+    int width_, height_;
 };
+
+/// The rows of an ellipse from one above its box to one below it, around column 0, and how far they reach to each side.
+struct WholeEllipse {
+    const Span* rows;
+    int reach;
+};
+
+/// A small ellipse, kept because it is drawn sooner than walked.
+struct SmallEllipse {
+    static constexpr int limit = 32;
+
+    int width, height;          ///< Of its box; 0 for none.
+    int reach;
+    Span rows[limit + 2];
+};
+
+WholeEllipse small_ellipse(int width, int height)
+{
+    static SmallEllipse kept[64];
+    SmallEllipse& ellipse = kept[static_cast<unsigned int>(width + 5 * height) % 64];
+    if (ellipse.width != width || ellipse.height != height) {
+        ellipse.width = width;
+        ellipse.height = height;
+        ellipse.reach = WholeEllipseFill(ellipse.rows, width, height).enter();
+    }
+    return {ellipse.rows, ellipse.reach};
+}
+
+/// Without rows when there is no memory.
+WholeEllipse whole_ellipse(Buffer<Span>& buffer, int width, int height)
+{
+    if (width <= SmallEllipse::limit && height <= SmallEllipse::limit)
+        return small_ellipse(width, height);
+    if (!buffer.reserve(static_cast<size_t>(height) + 2))
+        return {nullptr, 0};
+    return {buffer.items, WholeEllipseFill(buffer.items, width, height).enter()};
+}
 
 bool is_inside(const DFBRectangle& rect, Extent extent)
 {
@@ -187,11 +216,13 @@ bool fill_ellipse(Buffer<Span>& buffer, Extent extent, const DFBRectangle& rect,
 {
     if (!is_inside(rect, extent) || is_huge(rect))
         return fill_cut_ellipse(buffer, extent, rect, sink);
-    if (!buffer.reserve(static_cast<size_t>(rect.h) + 2))
+    const WholeEllipse ellipse = whole_ellipse(buffer, rect.w, rect.h);
+    if (!ellipse.rows)
         return false;
-    if (!WholeEllipseFill(buffer.items, rect).enter(extent))
+    const int middle = static_cast<int>((2LL * rect.x + rect.w) / 2);
+    if (ellipse.reach > std::min(middle, extent.width - middle))
         return fill_cut_ellipse(buffer, extent, rect, sink);
-    sink.take_rows(sink, {rect.y, rect.h + 1, buffer.items + 1, 1});
+    sink.take_rows(sink, {rect.y, rect.h + 1, ellipse.rows + 1, 1, 1, middle});
     return true;
 }
 

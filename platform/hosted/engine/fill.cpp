@@ -27,7 +27,7 @@ int draw_filled(int x, int y, bool blend, const Draw& draw)
     if (has_pattern && zuvo::share_pixels(engine.pattern, engine.output))
         return ZUVO_PATTERN_IS_OUTPUT;
 
-    OpenSurface target(DIRECTFB_CORE_TARGET);
+    OpenSurface target(has_pattern ? DIRECTFB_CORE_TARGET : DIRECTFB_CORE_ONLY_TARGET);
     if (int error = target.open(engine.output))
         return error;
     OpenSurface pattern(DIRECTFB_CORE_PATTERN);

@@ -22,7 +22,7 @@ int draw_outline(bool blend, const Draw& draw)
     if (!engine.has_pen)
         return ZUVO_NO_PEN;
 
-    OpenSurface target(DIRECTFB_CORE_TARGET);
+    OpenSurface target(DIRECTFB_CORE_ONLY_TARGET);
     if (int error = target.open(engine.output))
         return error;
     Painter painter = zuvo::paint_colour(target.pixels(), engine.pen.color, blend);

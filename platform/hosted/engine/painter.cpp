@@ -8,14 +8,14 @@ namespace {
 
 RowSpans spans_on(const Pixels& target, const SpanRows& rows)
 {
-    return {target.row(rows.top), target.row_words * sizeof(uint32_t), rows.spans, static_cast<size_t>(rows.step),
-            static_cast<size_t>(rows.count)};
+    return {target.row(rows.top) + rows.origin, target.row_words * sizeof(uint32_t), rows.spans,
+            static_cast<size_t>(rows.step), static_cast<size_t>(rows.count), static_cast<size_t>(rows.parts)};
 }
 
 /// Several spans of one row, as rows that lie on each other.
 RowSpans spans_on(const Pixels& target, int row, const Span* spans, int count)
 {
-    return {target.row(row), 0, spans, 1, static_cast<size_t>(count)};
+    return {target.row(row), 0, spans, 1, static_cast<size_t>(count), 1};
 }
 
 void store_rows(RowSink& self, const SpanRows& rows)
@@ -118,10 +118,11 @@ Painter blend_colour_without_alpha(Painter painter)
 
 Painter paint_colour(const Pixels& target, uint32_t colour, bool blend)
 {
+    static const Rows* const rows = choose_rows();
     Painter painter = {};
     painter.target = target;
     painter.colour = colour;
-    painter.rows = choose_rows();
+    painter.rows = rows;
     if (blend && colour >> 24 != 0xff) {
         if (!target.has_alpha)
             return blend_colour_without_alpha(painter);

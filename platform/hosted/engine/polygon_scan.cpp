@@ -101,6 +101,42 @@ int collect_spans(PolygonEdge* const* edges, size_t count, int width, int closed
     return span_count;
 }
 
+/// Collects the spans between two edges from row to row, @p limit at most or up to where they cross. Returns their number.
+int collect_pairs(PolygonEdge& left, PolygonEdge& right, int width, int limit, Span* spans)
+{
+    PolygonEdge one = left, other = right;
+    int count = 0;
+    for (; count < limit && one.x <= other.x; ++count) {
+        spans[count] = {column(one, width), column(other, width)};
+        advance(one);
+        advance(other);
+    }
+    left = one;
+    right = other;
+    return count;
+}
+
+/// Gives rows whose only span lies between two edges, from @p row up to @p end_row, and puts the edges in order where they
+/// cross. The memory of a block of spans stays in the nearest cache.
+void give_pairs(PolygonEdge** edges, int row, int end_row, int width, RowSink& sink)
+{
+    const int limit = 64;
+    Span spans[limit];
+    while (row < end_row) {
+        const int count = collect_pairs(*edges[0], *edges[1], width, std::min(end_row - row, limit), spans);
+        sink.take_rows(sink, {row, count, spans, 1});
+        row += count;
+        if (edges[0]->x > edges[1]->x)
+            std::swap(edges[0], edges[1]);
+    }
+}
+
+size_t drop_ended(PolygonEdge** edges, size_t count, int row)
+{
+    const auto ends = [row](const PolygonEdge* edge) { return edge->end_row <= row; };
+    return static_cast<size_t>(std::remove_if(edges, edges + count, ends) - edges);
+}
+
 /// How the winding number changes along a row, column by column. Edges that begin in the same column need no order.
 class RowOfEdges {
 public:
@@ -196,21 +232,33 @@ bool PolygonScan::scan(RowSink& sink)
 
 bool PolygonScan::scan_few(RowSink& sink)
 {
-    const int closed_gap = has_slanted_edge ? 1 : 0;
     size_t waiting = 0, active_count = 0;
-    for (int row = 0; waiting < edge_count || active_count; ++row) {
+    for (int row = 0; waiting < edge_count || active_count;) {
         if (!active_count)
             row = edges[waiting].first_row;
         for (; waiting < edge_count && edges[waiting].first_row == row; ++waiting)
             insert_by_x(active.items, active_count++, &edges[waiting]);
 
-        const int count = collect_spans(active.items, active_count, extent.width, closed_gap, spans.items);
-        if (count)
-            sink.take(sink, row, spans.items, count);
-
-        active_count = advance_all(active.items, active_count, row + 1, insert_by_x);
+        if (active_count == 2 && active[0]->direction != active[1]->direction) {
+            const int next_row = waiting < edge_count ? edges[waiting].first_row : INT_MAX;
+            const int end_row = std::min({active[0]->end_row, active[1]->end_row, next_row});
+            give_pairs(active.items, row, end_row, extent.width, sink);
+            row = end_row;
+            active_count = drop_ended(active.items, active_count, row);
+            continue;
+        }
+        give_row(row, active_count, sink);
+        active_count = advance_all(active.items, active_count, ++row, insert_by_x);
     }
     return true;
+}
+
+void PolygonScan::give_row(int row, size_t active_count, RowSink& sink)
+{
+    const int closed_gap = has_slanted_edge ? 1 : 0;
+    const int count = collect_spans(active.items, active_count, extent.width, closed_gap, spans.items);
+    if (count)
+        sink.take(sink, row, spans.items, count);
 }
 
 bool PolygonScan::scan_many(RowSink& sink)

@@ -52,6 +52,9 @@ struct PolygonScan {
     bool scan_few(RowSink& sink);
     bool scan_many(RowSink& sink);
 
+    /// Gives one row, between the active edges.
+    void give_row(int row, size_t active_count, RowSink& sink);
+
     Extent extent;
     bool has_slanted_edge;
     bool out_of_memory;

@@ -20,12 +20,14 @@ struct Extent {
 
 struct RowSink;
 
-/// One span in each of neighbouring rows; it may be empty.
+/// Spans in each of neighbouring rows, from left to right; they may be empty.
 struct SpanRows {
     int top;
     int count;
     const Span* spans;
-    int step;               ///< From a row's span to the next row's; 0 when all rows have the same one.
+    int step;               ///< From a row's first span to the next row's; 0 when all rows have the same ones.
+    int parts = 1;          ///< Spans of one row.
+    int origin = 0;         ///< The column that the spans are counted from.
 };
 
 /// Gives spans to a sink row by row.

@@ -91,8 +91,7 @@ bool give_chains(SweepMemory& memory, ReachedRows rows, Extent extent, RowSink& 
             join_touching(seen[0], seen[ChainCount - 1]);
         std::copy_n(seen, ChainCount, spans);
     }
-    for (int chain = 0; chain < ChainCount; ++chain)
-        sink.take_rows(sink, {rows.top, count, memory.spans.items + chain, ChainCount});
+    sink.take_rows(sink, {rows.top, count, memory.spans.items, ChainCount, ChainCount});
     return true;
 }
 
