@@ -8,4 +8,7 @@ void fail_allocation(int n);
 /// Whether that allocation has been asked for.
 bool allocation_failed();
 
+/// How many of the library's allocations have not been freed.
+int held_allocations();
+
 } // namespace fake
