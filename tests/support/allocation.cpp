@@ -6,11 +6,12 @@
 #include <dlfcn.h>
 #include <iterator>
 
-/// The heap's functions, in front of the C library's: those calls that come from the drawing library can fail.
+/// The heap's functions, in front of the C library's: those calls that come from one library can fail.
 
 namespace fake {
 namespace {
 
+const char* library_name = "libdtkhddvd";
 int allocations_until_failure;
 bool failed;
 
@@ -20,7 +21,7 @@ void* held[64];
 bool is_in_the_library(const void* address)
 {
     Dl_info where;
-    return dladdr(address, &where) && where.dli_fname && std::strstr(where.dli_fname, "libdtkhddvd");
+    return dladdr(address, &where) && where.dli_fname && std::strstr(where.dli_fname, library_name);
 }
 
 bool fails(const void* caller)
@@ -45,6 +46,11 @@ Function next(const char* name)
 }
 
 } // namespace
+
+void watch_allocations_of(const char* library)
+{
+    library_name = library;
+}
 
 void fail_allocation(int n)
 {
