@@ -200,6 +200,7 @@ TEST_F(Hosted, RefusesOtherDisplaysAndLayers)
     EXPECT_EQ(zuvo_display_get(0, &settings), ZUVO_NO_SUCH_DISPLAY);
     EXPECT_EQ(zuvo_display_set(5, &settings), ZUVO_NO_SUCH_DISPLAY);
     EXPECT_EQ(zuvo_display_get(zuvo_display_open(1), nullptr), ZUVO_NULL_ARGUMENT);
+    EXPECT_EQ(zuvo_display_set(zuvo_display_open(1), nullptr), ZUVO_NULL_ARGUMENT);
     EXPECT_EQ(zuvo_dfb_ext_layer_open(1), 0u);
     EXPECT_EQ(zuvo_dfb_ext_layer_get(0, &layer), ZUVO_NO_SUCH_LAYER);
     EXPECT_EQ(zuvo_dfb_ext_layer_get(zuvo_dfb_ext_layer_open(7), nullptr), ZUVO_NULL_ARGUMENT);

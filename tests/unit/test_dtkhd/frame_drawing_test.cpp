@@ -94,6 +94,26 @@ TEST_F(Frames, MoveTheirBoxesToAndFro)
     }
 }
 
+TEST_F(Frames, DrawTheSeriesOfRectanglesFurtherInEachFrame)
+{
+    for (const auto& [number, x, y] : {std::array{1, 58, 436}, {3, 62, 440}, {30, 116, 14}}) {
+        const std::string boxes = only(last_frame_on_the_engine(number), "draw_rectangle(");
+        EXPECT_NE(boxes.find(fake::text("zuvo_dtk_draw_rectangle(7, [%d %d 5 5], 0x31)", x, y)), std::string::npos)
+            << number << boxes;
+        transcript().reset();
+    }
+}
+
+TEST_F(Frames, TurnTheHandOfTheClock)
+{
+    // A turn takes 120 frames.
+    for (const auto& [number, x, y] : {std::array{1, 639, 252}, {30, 320, 480}, {40, 161, 447}, {60, 0, 240}}) {
+        const std::string lines = only(last_frame_on_the_engine(number), "draw_line(");
+        EXPECT_NE(lines.find(fake::text("draw_line(7, 320, 240, %d, %d", x, y)), std::string::npos) << number << lines;
+        transcript().reset();
+    }
+}
+
 TEST_F(Frames, DrawWithTheirPens)
 {
     // The pen of the rectangle changes from frame to frame.
