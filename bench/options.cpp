@@ -16,7 +16,7 @@ const char help_text[] =
     "  --columns REGEX      measure the columns whose name contains REGEX\n"
     "  --repetitions N      run every column of an item N times, in turn (15)\n"
     "  --time SECONDS       how long a column runs each time, at least (0.004)\n"
-    "  --growth             measure every primitive at sizes from 10 to 1800 pixels instead\n"
+    "  --growth             measure every primitive at sizes from 10 to 1800 pixels, and polygons of many points, instead\n"
     "  --csv FILE           write the table to FILE\n"
     "  --json FILE          write every single run to FILE, in Google Benchmark's format\n"
     "  --chart FILE.svg     draw the file of --csv with gnuplot\n"
