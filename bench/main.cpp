@@ -42,6 +42,12 @@ std::vector<Item> wanted_items(const Options& options)
     return items;
 }
 
+/// What takes seconds is steady after one.
+bool takes_seconds(const Item& item)
+{
+    return item.shape.points.size() > 100000;
+}
+
 void report(const Options& options, const std::vector<Row>& rows, const Measurement& measurement)
 {
     print_tables(rows);
@@ -63,7 +69,7 @@ std::vector<Row> run_items(const Options& options, Contest& contest, Measurement
     for (const Item& item : items) {
         const double done = static_cast<double>(rows.size()) / static_cast<double>(items.size());
         progress.show(tools::step_of(rows.size() + 1, items.size()) + item.name, done);
-        rows.push_back(contest.run(item, measurement, options.repetitions));
+        rows.push_back(contest.run(item, measurement, takes_seconds(item) ? 1 : options.repetitions));
     }
     return rows;
 }

@@ -72,4 +72,4 @@ bool is_current(const CoreSurfaceBuffer *buffer, CoreSurfaceAllocation *allocati
     && dfb_surface_pool_lock(allocation->pool, allocation, lock) == DFB_OK
     && !(buffer->surface->state & CSSF_DESTROYED) && !dfb_config->thrifty_surface_buffers;
 }")
-target_compile_definitions(directfb_internal INTERFACE DIRECTFB_CORE_IS_OWN=$<BOOL:${DIRECTFB_CORE_IS_OWN}>)
+target_compile_definitions(zuvo_directfb_internal INTERFACE DIRECTFB_CORE_IS_OWN=$<BOOL:${DIRECTFB_CORE_IS_OWN}>)

@@ -180,7 +180,7 @@ TEST(EngineErrorText, IsDifferentForEveryError)
     const int errors[] = {ZUVO_OK, ZUVO_NO_SUCH_DISPLAY, ZUVO_NO_SUCH_VIDEO_FORMAT, ZUVO_NO_SUCH_LAYER,
                           ZUVO_NULL_ARGUMENT, ZUVO_NO_SUCH_ENGINE, ZUVO_NO_SUCH_SURFACE, ZUVO_WRONG_PIXEL_FORMAT,
                           ZUVO_NO_OUTPUT, ZUVO_NO_FILL, ZUVO_NO_PEN, ZUVO_LOCK_FAILED, ZUVO_PATTERN_IS_OUTPUT,
-                          ZUVO_PEN_TOO_LARGE, ZUVO_NO_MEMORY, 4711};
+                          ZUVO_PEN_TOO_LARGE, ZUVO_NO_MEMORY, ZUVO_EMPTY_RECTANGLE, 4711};
     for (int error : errors)
         texts.insert(zuvo_error_text(error));
     EXPECT_EQ(texts.size(), std::size(errors));

@@ -108,6 +108,36 @@ TEST_F(Hosted, ComplainsInOneLineAboutAnUnknownWord)
     EXPECT_NE(zuvo_dtk_get_handle(), 0u);
 }
 
+TEST_F(Hosted, KnowsEachWordAsAWhole)
+{
+    for (const char* word : {"abcdefg720", "format=7", "format=7200", "format=", "forma", "dtk", "dtk=offf", "window=x20"}) {
+        setenv("ZUVOARGS", word, 1);
+        testing::internal::CaptureStderr();
+        zuvo_init(4108);
+        EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::StartsWith("zuvo: unknown word '" + std::string(word) + "'"));
+        EXPECT_EQ(display_format(), 9u) << word;
+        EXPECT_NE(zuvo_dtk_get_handle(), 0u) << word;
+        zuvo_uninit();
+    }
+}
+
+class Format : public Hosted, public testing::WithParamInterface<std::tuple<const char*, u32, int, int>> {};
+
+TEST_P(Format, IsTheDisplaysAndTheLayers)
+{
+    const auto [word, number, width, height] = GetParam();
+    Arguments arguments({"program", headless, std::string("--zuvo:format=") + word});
+    zuvo_init(4108);
+    const DFBDimension size = layer_size(arguments);
+    EXPECT_EQ(size.w, width);
+    EXPECT_EQ(size.h, height);
+    EXPECT_EQ(display_format(), number);
+}
+
+INSTANTIATE_TEST_SUITE_P(Known, Format,
+                         testing::Values(std::tuple("1080", 9u, 1920, 1080), std::tuple("720", 7u, 1280, 720),
+                                         std::tuple("576", 3u, 720, 576), std::tuple("480", 1u, 720, 480)));
+
 TEST_F(Hosted, StartsWithoutAnyArguments)
 {
     setenv("DISPLAY", "", 1);
@@ -134,16 +164,6 @@ TEST_F(Hosted, DisplayIsFullHighDefinitionUnlessAskedOtherwise)
     const DFBDimension size = layer_size(arguments);
     EXPECT_EQ(size.w, 1920);
     EXPECT_EQ(size.h, 1080);
-}
-
-TEST_F(Hosted, LayerTakesTheFormatOfTheArguments)
-{
-    Arguments arguments({"program", headless, "--zuvo:format=576"});
-    zuvo_init(4108);
-    const DFBDimension size = layer_size(arguments);
-    EXPECT_EQ(size.w, 720);
-    EXPECT_EQ(size.h, 576);
-    EXPECT_EQ(display_format(), 3u);
 }
 
 TEST_F(Hosted, LayerKeepsTheModeThatDirectFBWasAskedFor)
@@ -180,6 +200,7 @@ TEST_F(Hosted, RefusesOtherDisplaysAndLayers)
     EXPECT_EQ(zuvo_display_get(0, &settings), ZUVO_NO_SUCH_DISPLAY);
     EXPECT_EQ(zuvo_display_set(5, &settings), ZUVO_NO_SUCH_DISPLAY);
     EXPECT_EQ(zuvo_display_get(zuvo_display_open(1), nullptr), ZUVO_NULL_ARGUMENT);
+    EXPECT_EQ(zuvo_display_set(zuvo_display_open(1), nullptr), ZUVO_NULL_ARGUMENT);
     EXPECT_EQ(zuvo_dfb_ext_layer_open(1), 0u);
     EXPECT_EQ(zuvo_dfb_ext_layer_get(0, &layer), ZUVO_NO_SUCH_LAYER);
     EXPECT_EQ(zuvo_dfb_ext_layer_get(zuvo_dfb_ext_layer_open(7), nullptr), ZUVO_NULL_ARGUMENT);

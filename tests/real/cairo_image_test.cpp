@@ -1,7 +1,6 @@
-#include "real/directfb.h"
+#include "real/changing_surface.h"
 #include "support/capture.h"
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 #include <utility>
@@ -11,12 +10,6 @@ namespace real {
 namespace {
 
 constexpr DFBPoint everywhere[] = {{-5, -5}, {500, -5}, {500, 500}, {-5, 500}};
-
-/// The back end keeps the size that a surface had at first.
-bool has_back_end()
-{
-    return dlsym(RTLD_DEFAULT, "cairo_directfb_surface_create") != nullptr;
-}
 
 struct Format {
     const char* name;
@@ -60,53 +53,6 @@ u32 texel_of(const Surface& texture)
     EXPECT_TRUE(holds_only(target.get(), pixels.at(0, 0)));
     return pixels.at(0, 0);
 }
-
-/// A window without a display, whose memory moves when its size changes.
-class Window {
-public:
-    Window(int width, int height, DFBWindowCapabilities caps)
-    {
-        EXPECT_EQ(directfb()->GetDisplayLayer(directfb(), DLID_PRIMARY, &layer_), DFB_OK);
-        layer_->SetCooperativeLevel(layer_, DLSCL_ADMINISTRATIVE);
-        DFBWindowDescription description = {};
-        description.flags = static_cast<DFBWindowDescriptionFlags>(DWDESC_CAPS | DWDESC_WIDTH | DWDESC_HEIGHT |
-                                                                   DWDESC_PIXELFORMAT);
-        description.caps = static_cast<DFBWindowCapabilities>(DWCAPS_ALPHACHANNEL | caps);
-        description.width = static_cast<unsigned>(width);
-        description.height = static_cast<unsigned>(height);
-        description.pixelformat = DSPF_ARGB;
-        EXPECT_EQ(layer_->CreateWindow(layer_, &description, &window_), DFB_OK);
-        IDirectFBSurface* surface = nullptr;
-        EXPECT_EQ(window_->GetSurface(window_, &surface), DFB_OK);
-        surface_.reset(surface);
-        clear(surface_, background);
-    }
-    ~Window()
-    {
-        surface_.reset();
-        window_->Release(window_);
-        layer_->Release(layer_);
-    }
-
-    const Surface& surface() const { return surface_; }
-
-    /// DirectFB tells the surface of its new size in a thread of its own.
-    void resize(int width, int height)
-    {
-        ASSERT_EQ(window_->Resize(window_, width, height), DFB_OK);
-        int told_width = 0, told_height = 0;
-        for (int i = 0; i < 2000 && (told_width != width || told_height != height); ++i) {
-            usleep(1000);
-            surface_->GetSize(surface_.get(), &told_width, &told_height);
-        }
-        clear(surface_, background);
-    }
-
-private:
-    IDirectFBDisplayLayer* layer_ = nullptr;
-    IDirectFBWindow* window_ = nullptr;
-    Surface surface_;
-};
 
 } // namespace
 
@@ -170,7 +116,7 @@ TEST(CairoImageOfHalfBytes, HasTheLowerHalfFirst)
 /// A screen whose pixel format changes under the toolkit.
 TEST(CairoImageOfTheScreen, FollowsItsFormat)
 {
-    if (has_back_end())
+    if (cairo_has_back_end())
         GTEST_SKIP() << "cairo's back end keeps the first format";
     IDirectFBDisplayLayer* layer = nullptr;
     ASSERT_EQ(directfb()->GetDisplayLayer(directfb(), DLID_PRIMARY, &layer), DFB_OK);
@@ -203,7 +149,7 @@ TEST(CairoImageOfTheScreen, FollowsItsFormat)
 
 TEST(CairoImageOfAWindow, FollowsItsSize)
 {
-    if (has_back_end())
+    if (cairo_has_back_end())
         GTEST_SKIP() << "cairo's back end keeps the first size";
     for (const DFBWindowCapabilities caps : {DWCAPS_NONE, DWCAPS_DOUBLEBUFFER}) {
         Window window(60, 40, caps);
@@ -219,7 +165,7 @@ TEST(CairoImageOfAWindow, FollowsItsSize)
 
 TEST(CairoImageOfAWindow, FollowsTheSizeOfATexture)
 {
-    if (has_back_end())
+    if (cairo_has_back_end())
         GTEST_SKIP() << "cairo's back end keeps the first size";
     Window window(60, 40, DWCAPS_NONE);
     const Surface target = make_surface(80, 50);
@@ -235,7 +181,7 @@ TEST(CairoImageOfAWindow, FollowsTheSizeOfATexture)
 
 TEST(CairoImageOfAPart, EndsWithItsParent)
 {
-    if (has_back_end())
+    if (cairo_has_back_end())
         GTEST_SKIP() << "cairo's back end does not look at the parent";
     const Surface parent = make_surface(12, 8);
     for (const DFBRectangle part : {DFBRectangle{-3, -2, 8, 6}, {7, 5, 9, 9}}) {

@@ -57,6 +57,7 @@ TEST_F(NoMemory, ForAToolkitIsReportedAndLeavesNothing)
             EXPECT_EQ(outcome.error, n == 1 ? "cant allocate interface\n" : "") << n;
             EXPECT_EQ(toolkit, nullptr) << n;
             EXPECT_EQ(calls(), "\n") << n;
+            EXPECT_EQ(fake::held_allocations(), 0) << n;
             EXPECT_EQ(dfb.references, 1) << "no record was there to release it";
         }
     }
@@ -77,6 +78,8 @@ TEST_F(NoMemory, ForAPenIsReportedAndLeavesNothing)
 {
     for (bool is_hardware : {false, true}) {
         const Toolkit toolkit = is_hardware ? hardware_toolkit() : software_toolkit(0);
+        const int held_by_the_toolkit = fake::held_allocations();
+        EXPECT_EQ(held_by_the_toolkit, 2);
         for (int n : {1, 2}) {
             auto* pen = reinterpret_cast<DTKHDDVDPen*>(&screen);
             const Outcome outcome = run_without(n, [&] { return toolkit->CreatePen(toolkit.get(), &square, &pen); });
@@ -85,6 +88,7 @@ TEST_F(NoMemory, ForAPenIsReportedAndLeavesNothing)
             EXPECT_EQ(outcome.error, complaint("DTKHDDVD_CreatePen", no_memory_text)) << n;
             EXPECT_EQ(pen, nullptr) << n;
             EXPECT_EQ(calls(), "\n") << n;
+            EXPECT_EQ(fake::held_allocations(), held_by_the_toolkit) << n;
         }
     }
 }

@@ -36,6 +36,15 @@ TEST_F(CreatePen, ReportsEachFailureAndGivesTheHalfMadePenBack)
     }
 }
 
+TEST_F(CreatePen, PaintsWithTheIndexOfTheStrokeOnTheKey)
+{
+    const Toolkit toolkit = software_toolkit(0);
+    fake::cairo().on_fill = [](const std::string&) { fake::surface_named("alpha").fill(1, 2, 1, 1, 255); };
+    const Pen made = pen(toolkit, 4, 4);
+    EXPECT_EQ(fake::surface_named("pen").pixel(1, 2), 0u);
+    EXPECT_EQ(fake::surface_named("pen").pixel(0, 0), 2u);
+}
+
 TEST_F(CreatePen, PrintsWhatDirectFBAnswersToAPenWithoutArea)
 {
     const Toolkit toolkit = software_toolkit(0);

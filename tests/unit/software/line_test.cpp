@@ -89,12 +89,16 @@ TEST_F(SoftwareLine, TreatsAOnePixelPenLikeNone)
     drop_pen(toolkit);
 }
 
-TEST_F(SoftwareLine, TreatsAPenOfOneColumnAsWide)
+TEST_F(SoftwareLine, TreatsAPenOfOneColumnOrRowAsWide)
 {
     const Toolkit toolkit = software_toolkit(1);
     set_pen(toolkit, 1, 2);
     EXPECT_EQ(toolkit->Line(toolkit.get(), 5, 6, 5, 6), 0);
     EXPECT_EQ(calls_with("BatchBlit"), "\ntarget.BatchBlit(pen, [0 0 1 2], 5,5)\n");
+    drop_pen(toolkit);
+    set_pen(toolkit, 2, 1);
+    EXPECT_EQ(toolkit->Line(toolkit.get(), 5, 6, 5, 6), 0);
+    EXPECT_EQ(calls_with("BatchBlit"), "\ntarget.BatchBlit(pen2, [0 0 2 1], 4,6)\n");
     drop_pen(toolkit);
 }
 
@@ -102,7 +106,10 @@ TEST_F(SoftwareLine, CountsAPenWithoutAnAnswerAsWide)
 {
     const Toolkit toolkit = software_toolkit(1);
     set_pen(toolkit, 1, 1);
-    transcript().fail_call(1, refusal);
+    toolkit->priv->pen->GetSize = [](DTKHDDVDPen*, int* ret_width, int* ret_height) {
+        *ret_width = *ret_height = 1;
+        return refusal;
+    };
     EXPECT_EQ(toolkit->Line(toolkit.get(), 5, 6, 5, 6), 0);
     EXPECT_EQ(calls_with("BatchBlit"), "\ntarget.BatchBlit(pen, [0 0 1 1], 5,6)\n");
     drop_pen(toolkit);

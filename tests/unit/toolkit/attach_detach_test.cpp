@@ -106,6 +106,8 @@ TEST_F(AttachAndDetach, DropsNothingTwice)
     calls();
     EXPECT_EQ(detach(toolkit), 0);
     EXPECT_EQ(calls(), "\nscratch.Release()\ncairo_destroy(screen.cr)\n");
+    EXPECT_EQ(toolkit->priv->target_cairo_surface, nullptr) << "was the context's, which is gone";
+    EXPECT_EQ(toolkit->priv->scratch_cairo_surface, nullptr);
     EXPECT_EQ(detach(toolkit), 0);
     EXPECT_EQ(calls(), "\n") << "an unattached toolkit has nothing to drop";
     toolkit.reset();
