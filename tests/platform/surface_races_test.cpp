@@ -1,4 +1,5 @@
 #include "platform/hosted_session.h"
+#include "platform/meanwhile.h"
 #include "platform/surface_pool.h"
 
 #include <atomic>
@@ -57,34 +58,6 @@ struct SurfaceRaces : testing::Test {
         EXPECT_EQ(session.directfb->CreateSurface(session.directfb, &description, &surface), DFB_OK);
         return HostedSession::Surface(surface);
     }
-};
-
-/// Runs @p act again and again in a thread of its own for as long as it lives.
-template <typename Act>
-class Meanwhile {
-public:
-    explicit Meanwhile(const Act& act)
-        : thread_([this, act] {
-              for (; !is_over_; ++times_)
-                  act();
-          })
-    {
-    }
-    ~Meanwhile()
-    {
-        is_over_ = true;
-        thread_.join();
-    }
-    Meanwhile(const Meanwhile&) = delete;
-    Meanwhile& operator=(const Meanwhile&) = delete;
-
-    /// Whether it was done often enough for both threads to have met.
-    bool is_enough() const { return times_ >= 200; }
-
-private:
-    std::atomic<bool> is_over_ = false;
-    std::atomic<int> times_ = 0;
-    std::thread thread_;
 };
 
 TEST_F(SurfaceRaces, AnotherThreadReleasesTheSurface)

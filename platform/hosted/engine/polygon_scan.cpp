@@ -1,4 +1,4 @@
-#include "polygon_scan.h"
+#include "polygon_edge.h"
 
 #include <algorithm>
 #include <climits>
@@ -35,16 +35,6 @@ PolygonEdge make_edge(FixedPoint top, FixedPoint bottom, int first_row, int end_
     return {first_row, end_row, direction, top.x + start.value, start.rest - height, step.value, step.rest, height};
 }
 
-void advance(PolygonEdge& edge)
-{
-    edge.x += edge.step;
-    edge.x_rest += edge.step_rest;
-    if (edge.x_rest >= 0) {
-        ++edge.x;
-        edge.x_rest -= edge.height;
-    }
-}
-
 /// Puts @p edge where it belongs among the sorted edges before @p place.
 void insert_by_x(PolygonEdge** edges, size_t place, PolygonEdge* edge)
 {
@@ -75,12 +65,6 @@ size_t advance_all(PolygonEdge** edges, size_t count, int row, Put&& put)
     return kept;
 }
 
-/// Beyond cairo's range of numbers an edge may leave the extent.
-int column(const PolygonEdge& edge, int width)
-{
-    return static_cast<int>(std::clamp(to_pixel(edge.x), int64_t(0), int64_t(width)));
-}
-
 int collect_spans(PolygonEdge* const* edges, size_t count, int width, int closed_gap, Span* spans)
 {
     int span_count = 0, winding = 0, start = -1;
@@ -99,36 +83,6 @@ int collect_spans(PolygonEdge* const* edges, size_t count, int width, int closed
         end = next;
     }
     return span_count;
-}
-
-/// Collects the spans between two edges from row to row, @p limit at most or up to where they cross. Returns their number.
-int collect_pairs(PolygonEdge& left, PolygonEdge& right, int width, int limit, Span* spans)
-{
-    PolygonEdge one = left, other = right;
-    int count = 0;
-    for (; count < limit && one.x <= other.x; ++count) {
-        spans[count] = {column(one, width), column(other, width)};
-        advance(one);
-        advance(other);
-    }
-    left = one;
-    right = other;
-    return count;
-}
-
-/// Gives rows whose only span lies between two edges, from @p row up to @p end_row, and puts the edges in order where they
-/// cross. The memory of a block of spans stays in the nearest cache.
-void give_pairs(PolygonEdge** edges, int row, int end_row, int width, RowSink& sink)
-{
-    const int limit = 64;
-    Span spans[limit];
-    while (row < end_row) {
-        const int count = collect_pairs(*edges[0], *edges[1], width, std::min(end_row - row, limit), spans);
-        sink.take_rows(sink, {row, count, spans, 1});
-        row += count;
-        if (edges[0]->x > edges[1]->x)
-            std::swap(edges[0], edges[1]);
-    }
 }
 
 size_t drop_ended(PolygonEdge** edges, size_t count, int row)
