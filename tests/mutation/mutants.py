@@ -127,7 +127,7 @@ def parse():
     parser.add_argument("--count", type=int, default=300, help="how many changes")
     parser.add_argument("--seed", type=int, default=1, help="another choice of changes")
     parser.add_argument("paths", nargs="*", help="only files whose path begins so")
-    return parser.parse_args()
+    return parser.parse_intermixed_args()
 
 
 def main():
