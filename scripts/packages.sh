@@ -37,6 +37,7 @@ packages_of() {
         fuzz) echo clang libclang-rt-dev llvm ;;
         check) echo clang clang-tidy cppcheck libclang-rt-dev ;;
         coverage) echo gcovr ;;
+        mutants) echo ninja-build python3 ;;
         *) fail "packages.sh: no list is named $1" ;;
     esac
 }

@@ -165,7 +165,7 @@ expect_row() {
 case $case_name in
     words_are_listed)
         expect 0
-        for word in demo test build bench install uninstall deb release docs check fuzz soak clean help; do
+        for word in demo test build bench install uninstall deb release docs check fuzz mutants soak clean help; do
             [ "$(grep -c "^  $word " "$place/out")" -eq 1 ] || wrong "no line for $word"
         done
         cp "$place/out" "$place/list"

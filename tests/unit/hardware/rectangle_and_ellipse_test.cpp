@@ -113,6 +113,7 @@ TEST_F(HardwarePrimitives, DrawNothingWithoutFlags)
         EXPECT_EQ(rectangle(toolkit, flags), 0);
         EXPECT_EQ(ellipse(toolkit, flags), 0);
         EXPECT_EQ(polygon(toolkit, 1, flags), 0);
+        EXPECT_EQ(toolkit->Ellipse(toolkit.get(), nullptr, flags), 0) << "no box is needed";
         EXPECT_EQ(calls(), "\ndfb.WaitIdle()\n") << "the rectangle never blends here and waits";
     }
     drop_pen(toolkit);

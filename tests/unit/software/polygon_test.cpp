@@ -30,6 +30,14 @@ TEST_F(SoftwarePolygon, OfFewerThanTwoPointsDrawsNothing)
     EXPECT_EQ(calls(), "\n");
 }
 
+TEST_F(SoftwarePolygon, BlendsTheWidestBoxThatANumberHolds)
+{
+    const Toolkit toolkit = software_toolkit(1);
+    set_colors(toolkit, 1, 1);
+    EXPECT_EQ(draw(toolkit, {{0, 6}, {2147483646, 8}, {9, 30}}, 1, DTKHDDVD_FILL), 0);
+    EXPECT_EQ(calls_with("Blit("), "\ntarget.Blit(scratch, [0 6 2147483647 25], 0, 6)\n");
+}
+
 TEST_F(SoftwarePolygon, WithoutFlagsDrawsNothing)
 {
     const Toolkit toolkit = software_toolkit(1);
