@@ -56,7 +56,8 @@ These are its headers, with what pkg-config and CMake need to find it."
 describe_package(tools dtkhddvd-tools graphics "2-D drawing toolkit for DirectFB - demonstration and benchmarks"
   "${toolkit_text}
 .
-These are a demonstration, a benchmark of its primitives, and the library's
+These are a demonstration, a benchmark of its primitives, a program that
+examines platforms, and the library's
 own test program." "libdtkhddvd1 ${same_version}, libzuvo-hosted1 ${same_version}")
 describe_package(documentation dtkhddvd-doc doc "2-D drawing toolkit for DirectFB - guide and examples"
   "${toolkit_text}

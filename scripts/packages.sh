@@ -7,7 +7,11 @@ set -eu
 # SDL 2 shows windows, whose frames on Wayland libdecor draws; dpkg-dev tells what a package depends on.
 packages_of() {
     case $1 in
-        build) echo cmake make g++ pkg-config libdirectfb-dev libcairo2-dev libpng-dev libsdl2-dev libdecor-0-plugin-1-cairo libcli11-dev nlohmann-json3-dev ;;
+        build)
+            echo cmake make g++ pkg-config libdirectfb-dev libcairo2-dev libpng-dev libsdl2-dev libdecor-0-plugin-1-cairo
+            # The programs' options and JSON files.
+            echo libcli11-dev nlohmann-json3-dev
+            ;;
         test)
             echo libgtest-dev libgmock-dev valgrind python3-cffi mandoc doxygen file abigail-tools dpkg-dev
             # Other users of cairo, and a font.

@@ -15,6 +15,7 @@ stage=$work/sysroot
 # The last two lines are what Debian's libcairo2 is linked with.
 packages="libc6 libc6-dev linux-libc-dev libgcc-s1 libstdc++6 zlib1g zlib1g-dev libpng16-16 libpng-dev libpixman-1-0
     libpixman-1-dev libdirectfb-1.7-7 libdirectfb-dev libcairo2 libcairo2-dev libgtest-dev libgmock-dev
+    libcli11-dev nlohmann-json3-dev
     libfontconfig1 libfreetype6 libexpat1 libbrotli1 libx11-6 libxcb1 libxcb-render0 libxcb-shm0 libxext6 libxrender1
     libxau6 libxdmcp6 libbsd0 libmd0"
 

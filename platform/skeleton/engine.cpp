@@ -207,5 +207,6 @@ int zuvo_dtk_draw_polygon(unsigned int dtk, const DFBPoint* points, unsigned int
         return ZUVO_NULL_ARGUMENT;
     if (num_points == 0)
         return ZUVO_OK;
-    return submit({Shape::polygon, corner_of(points, num_points), {points, points + num_points}, {}, true, 0, false, {}, {}});
+    const DFBRectangle corner = corner_of(points, num_points);
+    return submit({Shape::polygon, corner, {points, points + num_points}, {}, true, 0, false, {}, {}});
 }

@@ -61,14 +61,19 @@ Pen::Pen(const zuvo_dtk_pen& pen)
     else
         cover_polygon(shape, {{pen.x0 - left, pen.y0 - top}, {pen.x1 - left, pen.y1 - top},
                               {pen.x2 - left, pen.y2 - top}, {pen.x3 - left, pen.y3 - top}});
-    for (int y = 0; y < shape.height; ++y) {
-        for (int x = 0; x < shape.width; ++x) {
-            const int begin = x;
-            while (x < shape.width && shape.has(x, y))
-                ++x;
-            if (x > begin)
-                add_row(y - height / 2, begin - width / 2, x - width / 2);
-        }
+    for (int y = 0; y < shape.height; ++y)
+        add_rows(shape, y, width / 2, height / 2);
+}
+
+/// Adds what is covered of one row of the shape, seen from the point at (x, y) in it.
+void Pen::add_rows(const Coverage& shape, int row, int x, int y)
+{
+    for (int end = 0; end < shape.width; ++end) {
+        const int begin = end;
+        while (end < shape.width && shape.has(end, row))
+            ++end;
+        if (end > begin)
+            rows_.push_back({row - y, begin - x, end - x});
     }
 }
 

@@ -22,7 +22,7 @@ private:
         int y, left, right;
     };
 
-    void add_row(int y, int left, int right) { rows_.push_back({y, left, right}); }
+    void add_rows(const Coverage& shape, int row, int x, int y);
 
     std::vector<Row> rows_;
     int reach_;

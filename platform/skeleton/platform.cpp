@@ -94,15 +94,27 @@ const char* zuvo_error_text(int error)
     switch (error) {
     case ZUVO_OK:
         return "success";
+    case ZUVO_NO_SUCH_DISPLAY:
+    case ZUVO_NO_SUCH_VIDEO_FORMAT:
+    case ZUVO_NO_SUCH_LAYER:
+    case ZUVO_NO_SUCH_ENGINE:
+        return "no such display, format, layer or engine";
     case ZUVO_NO_SUCH_SURFACE:
         return "no such surface, or it was released";
     case ZUVO_WRONG_PIXEL_FORMAT:
-        return "neither ARGB nor RGB32";
+        return "a surface is neither ARGB nor RGB32";
     case ZUVO_NO_OUTPUT:
     case ZUVO_NO_FILL:
     case ZUVO_NO_PEN:
         return "an output surface, a fill or a pen is not set";
-    default:
+    case ZUVO_NULL_ARGUMENT:
+    case ZUVO_PATTERN_IS_OUTPUT:
+    case ZUVO_PEN_TOO_LARGE:
+    case ZUVO_EMPTY_RECTANGLE:
         return "an argument is wrong";
+    case ZUVO_LOCK_FAILED:
+        return "the surface's memory cannot be reached";
+    default:
+        return "unknown error";
     }
 }

@@ -74,6 +74,21 @@ TEST_P(Boards, ReachTheLevelThatTheyClaim)
 
 INSTANTIATE_TEST_SUITE_P(, Boards, testing::Values("skeleton", "virtual"));
 
+TEST(VirtualBoard, DrawsTheFramesOfTheSkeletonThoughItDrawsThemLate)
+{
+    std::vector<std::vector<std::uint32_t>> frames;
+    for (const char* board : {"skeleton", "virtual"}) {
+        const std::string path = temporary_file("frame.png");
+        const Outcome outcome = run_command("dtk_demo --backend hardware --frames 3 --size 640x480 --png '" + path + "'" + headless,
+                                            on_board(board));
+        EXPECT_EQ(outcome.status, 0) << outcome.output;
+        frames.push_back(read_png(path).pixels);
+        std::remove(path.c_str());
+    }
+    EXPECT_FALSE(frames[0].empty());
+    EXPECT_TRUE(frames[0] == frames[1]);
+}
+
 /// What is wrong with a platform, and the family that has to be named first.
 struct Fault {
     const char* name;

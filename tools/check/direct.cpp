@@ -20,6 +20,11 @@ Direct::Direct(const Examination& examination) : surface_(examination.stage.make
     target_ = handle_of(surface_.get());
 }
 
+Direct::~Direct()
+{
+    zuvo_dtk_sync(engine_);
+}
+
 void Direct::set(u32 color) const
 {
     zuvo_dtk_set_output_surface(engine_, target_);

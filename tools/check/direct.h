@@ -16,6 +16,11 @@ public:
     static constexpr int size = 40;
 
     explicit Direct(const Examination& examination);
+    Direct(const Direct&) = delete;
+    Direct& operator=(const Direct&) = delete;
+
+    /// Waits: memory that a faulty engine still draws on is not given back.
+    ~Direct();
 
     unsigned int engine() const { return engine_; }
     unsigned int target() const { return target_; }

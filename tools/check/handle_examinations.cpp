@@ -33,7 +33,8 @@ void check_null(const Direct& direct, Verdict& verdict)
     const unsigned int dtk = direct.engine(), flags = ZUVO_DTK_DRAW;
     direct.set(red);
     check_refusal(verdict, "zuvo_dtk_draw_rectangle of NULL", zuvo_dtk_draw_rectangle(dtk, nullptr, flags));
-    check_refusal(verdict, "zuvo_dtk_draw_rectangle_border of NULL", zuvo_dtk_draw_rectangle_border(dtk, nullptr, flags));
+    check_refusal(verdict, "zuvo_dtk_draw_rectangle_border of NULL",
+                  zuvo_dtk_draw_rectangle_border(dtk, nullptr, flags));
     check_refusal(verdict, "zuvo_dtk_draw_ellipse of NULL", zuvo_dtk_draw_ellipse(dtk, nullptr, flags));
     check_refusal(verdict, "zuvo_dtk_draw_ellipse_border of NULL", zuvo_dtk_draw_ellipse_border(dtk, nullptr, flags));
     check_refusal(verdict, "zuvo_dtk_draw_polygon of NULL", zuvo_dtk_draw_polygon(dtk, nullptr, 3, 0));
@@ -43,15 +44,16 @@ void check_null(const Direct& direct, Verdict& verdict)
 /// Draws with a surface of a format in every way.
 void check_format(const Examination& examination, DFBSurfacePixelFormat format, const char* name, bool is_required)
 {
-    const Direct direct(examination);
     const Surface surface = examination.stage.make_surface(Direct::size, Direct::size, format);
+    const Direct direct(examination);
     direct.set(red);
     const int error = zuvo_dtk_set_output_surface(direct.engine(), handle_of(surface.get()));
     if (is_required)
         check_success(examination.verdict, std::string("zuvo_dtk_set_output_surface of ") + name, error);
     for (const auto& [call, draw] : direct.calls()) {
         const int drawn = draw(direct.engine());
-        examination.verdict.check((drawn == 0) == (error == 0), call + (error ? " draws on a refused " : " fails on ") + name);
+        const char* const what = error ? " draws on a refused " : " fails on ";
+        examination.verdict.check((drawn == 0) == (error == 0), call + what + name);
     }
     if (is_required)
         check_success(examination.verdict, std::string("zuvo_dtk_set_fill_pattern of ") + name,
@@ -100,7 +102,8 @@ void examine_forgetting(const Examination& examination)
     Verdict& verdict = examination.verdict;
     const unsigned int nowhere = 0x0badbad0;
     direct.set(red);
-    check_refusal(verdict, "zuvo_dtk_set_output_surface of no surface", zuvo_dtk_set_output_surface(direct.engine(), 0));
+    check_refusal(verdict, "zuvo_dtk_set_output_surface of no surface",
+                  zuvo_dtk_set_output_surface(direct.engine(), 0));
     for (const auto& [name, call] : direct.calls())
         check_refusal(verdict, name + " without an output", call(direct.engine()));
     direct.set(red);

@@ -52,8 +52,8 @@ ordered_json array_of(const Items& items)
 void write_speed(std::ostream& stream, const Speed& speed)
 {
     stream << "  " << std::left << std::setw(22) << speed.name << std::right << std::fixed << std::setprecision(0)
-           << std::setw(12) << speed.software << std::setw(12) << speed.hardware << std::setprecision(2) << std::setw(10)
-           << speed.ratio() << '\n';
+           << std::setw(12) << speed.software << std::setw(12) << speed.hardware << std::setprecision(2)
+           << std::setw(10) << speed.ratio() << '\n';
 }
 
 } // namespace

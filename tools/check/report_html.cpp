@@ -15,7 +15,8 @@ body { font: 15px/1.5 sans-serif; max-width: 1340px; margin: 2em auto; padding: 
 table { border-collapse: collapse } th, td { text-align: left; padding: .15em 1em .15em 0 } td.number { text-align: right }
 .failed { color: #b00020; font-weight: bold } .passed { color: #1b6e2e }
 img { width: 400px; image-rendering: pixelated; border: 1px solid #888; display: block }
-figure { display: inline-block; margin: 0 1em 1em 0 } figcaption { color: #555 } p.finding { font-family: monospace }
+figure { display: inline-block; margin: 0 1em 1em 0 } figcaption { color: #555 }
+p.finding { font-family: monospace }
 </style></head><body>
 )";
 
@@ -71,7 +72,7 @@ void write_row(std::ostream& stream, const Result& result)
 
 void write_speeds(std::ostream& stream, const std::vector<Speed>& speeds)
 {
-    stream << "<h2>Speed</h2>\n<p>Nanoseconds for each of 100 x 100 pixels, and how many times faster than software.</p>\n"
+    stream << "<h2>Speed</h2>\n<p>Nanoseconds for each of 100 x 100 pixels, and how many times faster than software.</p>"
            << "<table><tr><th>primitive</th><th>software</th><th>hardware</th><th>ratio</th></tr>\n" << std::fixed;
     for (const Speed& speed : speeds)
         stream << "<tr><td>" << speed.name << "</td><td class=\"number\">" << std::setprecision(0) << speed.software

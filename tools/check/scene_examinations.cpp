@@ -70,8 +70,8 @@ void compare_geometry(const Examination& examination, const Series& series)
     for_scenes(examination, series, false, [&](const Scene& scene, const Picture& expected, const Picture& drawn) {
         const Picture wanted = silhouette(coverage(expected, grey)), found = silhouette(coverage(drawn, grey));
         const Difference difference = compare(wanted, found, 0);
-        examination.verdict.check(!difference, text_of(scene, std::to_string(difference.count) + " pixels differ"), wanted,
-                                  found);
+        const std::string what = std::to_string(difference.count) + " pixels differ";
+        examination.verdict.check(!difference, text_of(scene, what), wanted, found);
     });
 }
 
@@ -79,8 +79,8 @@ void compare_pixels(const Examination& examination, const Series& series)
 {
     for_scenes(examination, series, true, [&](const Scene& scene, const Picture& expected, const Picture& drawn) {
         const Difference difference = compare(expected, drawn, series.allowed);
-        examination.verdict.check(!difference, text_of(scene, std::to_string(difference.count) + " pixels differ"),
-                                  expected, drawn);
+        const std::string what = std::to_string(difference.count) + " pixels differ";
+        examination.verdict.check(!difference, text_of(scene, what), expected, drawn);
     });
 }
 

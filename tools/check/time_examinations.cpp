@@ -101,6 +101,7 @@ void take_turns(const Examination& examination, std::mutex& turn, std::atomic<in
         good_turns += result == DFB_OK && (pixel >> 16 & 255) == shade;
     }
     const std::lock_guard<std::mutex> lock(turn);
+    zuvo_dtk_sync(zuvo_dtk_get_handle());
     toolkit.reset();
     surface.reset();
 }

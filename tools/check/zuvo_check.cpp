@@ -151,8 +151,8 @@ void add_options(CLI::App& app, Options& options)
     app.set_version_flag("--version", "zuvo_check " + std::to_string(DTKHDDVD_VERSION_MAJOR) + "." +
                                           std::to_string(DTKHDDVD_VERSION_MINOR) + "." +
                                           std::to_string(DTKHDDVD_VERSION_MICRO));
-    app.footer("--dfb:... are options of DirectFB, --zuvo:... of the platform. The status is 0 when the level is reached, "
-               "else 1.");
+    app.footer("--dfb:... are options of DirectFB, --zuvo:... of the platform. The status is 0 when the level is "
+               "reached, else 1.");
 }
 
 /// Takes the options of DirectFB and the platform out of the command line; CLI11 wants the others in reverse.
@@ -168,7 +168,8 @@ std::vector<std::string> other_arguments(int argc, char** argv, std::vector<std:
 int run(int argc, char** argv)
 {
     Options options;
-    CLI::App app("Examines the platform's drawing engine: what it promises, and what it draws beside software.", "zuvo_check");
+    CLI::App app("Examines the platform's drawing engine: what it promises, and what it draws beside software.",
+                 "zuvo_check");
     add_options(app, options);
     try {
         app.parse(other_arguments(argc, argv, options.words));
