@@ -6,20 +6,27 @@ set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/dtkhddvd)
 
 set(programs "")
 if(TARGET dtk_demo)
-  set(programs dtk_bench dtk_demo test_dtkhd)
+  set(programs dtk_bench dtk_demo test_dtkhd zuvo_check)
 endif()
 
 # An rpath that CMake is to change at the installation ends with an empty entry, which is the current folder. So these
 # files are linked with rpaths that serve in both places.
 set_target_properties(dtkhddvd PROPERTIES INSTALL_RPATH $ORIGIN)
-set_target_properties(dtkhddvd zuvo ${programs} PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
+set_target_properties(dtkhddvd ${programs} PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
 
 install(TARGETS dtkhddvd EXPORT dtkhddvd
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd)
-install(TARGETS zuvo EXPORT dtkhddvd
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT platform NAMELINK_COMPONENT development
-  INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd)
+# A board's library that is not built here is there already, with its header.
+get_target_property(is_there zuvo IMPORTED)
+if(NOT is_there)
+  set_target_properties(zuvo PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
+  install(TARGETS zuvo EXPORT dtkhddvd
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT platform NAMELINK_COMPONENT development
+    INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd)
+  install(FILES platform/include/zuvo.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd
+    COMPONENT development)
+endif()
 # Loaded by libzuvo from the folder beside it, where there is a display.
 if(TARGET zuvo_window)
   install(TARGETS zuvo_window LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/zuvo COMPONENT window)
@@ -29,11 +36,11 @@ if(programs)
   install(TARGETS ${programs} RUNTIME COMPONENT tools)
   install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools FILES_MATCHING PATTERN *.1)
 endif()
-install(FILES include/dtkhddvd.h include/dtkhddvd.hpp platform/include/zuvo.h
+install(FILES include/dtkhddvd.h include/dtkhddvd.hpp
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd COMPONENT development)
 set(example_dir ${CMAKE_INSTALL_DOCDIR}/examples)
 install(DIRECTORY examples/ DESTINATION ${example_dir} COMPONENT documentation
-  FILES_MATCHING PATTERN hello.c PATTERN df_*.c PATTERN screen.*)
+  FILES_MATCHING PATTERN hello.c PATTERN df_*.[ch] PATTERN screen.*)
 install(PROGRAMS examples/df_rosette.py DESTINATION ${example_dir} COMPONENT documentation)
 install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT development FILES_MATCHING PATTERN *.3)
 

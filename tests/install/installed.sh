@@ -41,8 +41,9 @@ case $case_name in
         expect_in_place include/dtkhddvd/dtkhddvd.h include/dtkhddvd/dtkhddvd.hpp include/dtkhddvd/zuvo.h \
             "$LIBRARIES/libdtkhddvd.so.$VERSION" "$LIBRARIES/libzuvo.so.$VERSION" \
             "$LIBRARIES/pkgconfig/dtkhddvd.pc" "$LIBRARIES/cmake/dtkhddvd/dtkhddvdConfig.cmake" \
-            bin/dtk_demo bin/dtk_bench bin/test_dtkhd share/man/man1/dtk_demo.1 share/man/man1/dtk_bench.1 \
-            share/man/man1/test_dtkhd.1 share/man/man3/dtkhddvd.3 share/doc/dtkhddvd/examples/hello.c
+            bin/dtk_demo bin/dtk_bench bin/test_dtkhd bin/zuvo_check share/man/man1/dtk_demo.1 \
+            share/man/man1/dtk_bench.1 share/man/man1/test_dtkhd.1 share/man/man1/zuvo_check.1 \
+            share/man/man3/dtkhddvd.3 share/doc/dtkhddvd/examples/hello.c
         [ -z "$HAS_WINDOW" ] || expect_in_place "$LIBRARIES/zuvo/libzuvo_window.so"
         [ -x "$PREFIX/share/doc/dtkhddvd/examples/df_rosette.py" ] || wrong "the Python example cannot be run"
         for library in libdtkhddvd libzuvo; do
@@ -114,6 +115,7 @@ case $case_name in
     programs_run)
         "$PREFIX/bin/dtk_demo" --frames 2 --size 640x480 2> "$work/log" || wrong "dtk_demo: $(cat "$work/log")"
         "$PREFIX/bin/dtk_bench" --duration 0.01 --size 64 2> "$work/log" || wrong "dtk_bench: $(cat "$work/log")"
+        "$PREFIX/bin/zuvo_check" --scenes 10 > "$work/log" 2>&1 || wrong "zuvo_check: $(cat "$work/log")"
         [ -n "$HAS_WINDOW" ] || exit 0
         # The window's library is found from any folder: it says itself that there is no such display.
         (cd / && DISPLAY=:987 "$PREFIX/bin/dtk_demo" --frames 2 --size 640x480 2> "$work/log") || wrong "$(cat "$work/log")"

@@ -1,43 +1,22 @@
-#include "real/differential/expected.h"
+#include "real/differential/the_stage.h"
 
-#include <algorithm>
+#include "compare.h"
+#include "expected.h"
+
 #include <gtest/gtest.h>
 
 namespace differential {
 namespace {
 
-int channel_distance(u32 one, u32 other, int shift)
-{
-    return std::abs(static_cast<int>(one >> shift & 255) - static_cast<int>(other >> shift & 255));
-}
-
-int distance(u32 one, u32 other)
-{
-    return std::max(
-        {channel_distance(one, other, 16), channel_distance(one, other, 8), channel_distance(one, other, 0)});
-}
-
 testing::AssertionResult are_close(const Picture& expected, const Picture& actual, int allowed)
 {
-    int count = 0;
-    std::size_t first = 0;
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        if (distance(expected[i], actual[i]) <= allowed)
-            continue;
-        if (!count++)
-            first = i;
-    }
-    if (!count)
+    const Difference difference = compare(expected, actual, allowed);
+    if (!difference)
         return testing::AssertionSuccess();
-    return testing::AssertionFailure() << count << " pixels differ, the first at (" << first % surface_width << ", "
-                                       << first / surface_width << "): expected " << std::hex << expected[first]
+    const std::size_t first = difference.first;
+    return testing::AssertionFailure() << difference.count << " pixels differ, the first at (" << first % surface_width
+                                       << ", " << first / surface_width << "): expected " << std::hex << expected[first]
                                        << ", drawn " << actual[first];
-}
-
-/// The software back end cannot draw an outline one pixel wide on RGB32.
-bool needs_argb(const Scene& scene)
-{
-    return scene.primitive == Primitive::ellipse && scene.has_stroke() && (!scene.pen || is_one_pixel(*scene.pen));
 }
 
 /// A thousand scenes of one kind; `allowed` is by how much a channel may differ.
@@ -62,7 +41,7 @@ class BackEnds : public testing::TestWithParam<Series> {};
 TEST_P(BackEnds, DrawTheSamePicture)
 {
     const Series series = GetParam();
-    Bench& bench = Bench::instance();
+    Stage& stage = the_stage();
     std::mt19937 random(series.seed);
     int compared = 0;
     for (int i = 0; i < 1000; ++i) {
@@ -71,8 +50,8 @@ TEST_P(BackEnds, DrawTheSamePicture)
             scene.target_format = DSPF_ARGB;
 
         const Picture background = random_picture(random);
-        const auto expected = expected_picture(bench, scene, background);
-        const auto drawn = bench.draw(BackEnd::hardware, scene, background);
+        const auto expected = expected_picture(stage, scene, background);
+        const auto drawn = stage.draw(BackEnd::hardware, scene, background);
         if (!expected)
             continue;
         ASSERT_TRUE(drawn) << scene;
@@ -85,7 +64,7 @@ TEST_P(BackEnds, DrawTheSamePicture)
 
 TEST(EmptyRectangles, AreRefusedByBothAndDrawnByWidePensAlone)
 {
-    Bench& bench = Bench::instance();
+    Stage& stage = the_stage();
     std::mt19937 random(9);
     const Picture background = random_picture(random);
     for (const DFBRectangle& rect : {DFBRectangle{50, 40, 0, 9}, {50, 40, 9, 0}, {50, 40, -7, 9}, {50, 40, 9, -7},
@@ -93,13 +72,13 @@ TEST(EmptyRectangles, AreRefusedByBothAndDrawnByWidePensAlone)
         for (const u32 flags : {1u, 2u, 3u}) {
             Scene scene = {Primitive::rectangle, DSPF_ARGB, rect, {}, false, flags, {255, 1, 2, 3}, {255, 4, 5, 6},
                            Texture::none, {}};
-            EXPECT_FALSE(bench.draw(BackEnd::software, scene, background)) << scene;
-            EXPECT_FALSE(bench.draw(BackEnd::hardware, scene, background)) << scene;
+            EXPECT_FALSE(stage.draw(BackEnd::software, scene, background)) << scene;
+            EXPECT_FALSE(stage.draw(BackEnd::hardware, scene, background)) << scene;
 
             scene.pen = DTKHDDVDPenShape{-2, -2, 2, -2, 2, 2, -2, 2};
-            const auto software = bench.draw(BackEnd::software, scene, background);
+            const auto software = stage.draw(BackEnd::software, scene, background);
             EXPECT_EQ(software.has_value(), flags == DTKHDDVD_STROKE) << scene;
-            EXPECT_EQ(software, bench.draw(BackEnd::hardware, scene, background)) << scene;
+            EXPECT_EQ(software, stage.draw(BackEnd::hardware, scene, background)) << scene;
         }
     }
 }

@@ -1,4 +1,4 @@
-#include "real/differential/bench.h"
+#include "real/differential/the_stage.h"
 
 #include <algorithm>
 #include <cmath>
@@ -99,8 +99,8 @@ TEST_P(FarLines, AreTheSameOnBothBackEndsAndThoseThatAreCutAreTheirWalk)
     int cut_lines = 0;
     for (int i = 0; i < 600; ++i) {
         const std::vector<DFBPoint> line = random_line(random, GetParam());
-        const auto software = Bench::instance().draw(BackEnd::software, line_scene(line), background);
-        const auto hardware = Bench::instance().draw(BackEnd::hardware, line_scene(line), background);
+        const auto software = the_stage().draw(BackEnd::software, line_scene(line), background);
+        const auto hardware = the_stage().draw(BackEnd::hardware, line_scene(line), background);
         ASSERT_TRUE(software && hardware) << text(line);
         ASSERT_EQ(drawn(*software), drawn(*hardware)) << text(line);
         if (!is_too_long(line))
@@ -124,7 +124,7 @@ TEST(FarLine, AcrossAllNumbersAndUprightAndLevelOnes)
                                                                                {{least, 0}, {most, 149}},
                                                                                {{0, least}, {199, most}}}) {
         for (const BackEnd back_end : {BackEnd::software, BackEnd::hardware}) {
-            const auto picture = Bench::instance().draw(back_end, line_scene(line), background);
+            const auto picture = the_stage().draw(back_end, line_scene(line), background);
             ASSERT_TRUE(picture);
             EXPECT_EQ(drawn(*picture), walked(line)) << text(line);
         }

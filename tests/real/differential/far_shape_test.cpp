@@ -1,4 +1,4 @@
-#include "real/differential/bench.h"
+#include "real/differential/the_stage.h"
 
 #include <ctime>
 #include <gtest/gtest.h>
@@ -54,7 +54,7 @@ TEST_P(FarShapes, EndSoon)
             scene.texture = manner / 6 % 2 ? Texture::argb : Texture::none;
             scene.stroke.a = scene.fill.a = manner / 12 ? 100 : 255;
             const std::clock_t start = std::clock();
-            const auto drawn = Bench::instance().draw(GetParam(), scene, background);
+            const auto drawn = the_stage().draw(GetParam(), scene, background);
             const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
             std::ostringstream text;
             text << scene;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "real/differential/bench.h"
+#include "stage.h"
 
-namespace differential {
+namespace conformance {
 
 /// What the engine has to draw for a scene, drawn by the software back end, or nothing where that cannot draw it.
 ///
@@ -11,6 +11,6 @@ namespace differential {
 /// - A polygon's outline reaches it as lines, one for each edge.
 /// - A polygon's plain fill has its true colour, which cairo would premultiply.
 /// - Onto RGB32, DirectFB's blending changes even those pixels of the blended box that nothing was drawn on.
-std::optional<Picture> expected_picture(Bench& bench, const Scene& scene, const Picture& background);
+std::optional<Picture> expected_picture(Stage& stage, const Scene& scene, const Picture& background);
 
-} // namespace differential
+} // namespace conformance

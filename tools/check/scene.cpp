@@ -1,9 +1,9 @@
-#include "real/differential/scene.h"
+#include "scene.h"
 
 #include <algorithm>
 #include <ostream>
 
-namespace differential {
+namespace conformance {
 namespace {
 
 int between(std::mt19937& random, int low, int high)
@@ -66,13 +66,7 @@ std::optional<DTKHDDVDPenShape> random_pen(std::mt19937& random)
 {
     if (one_in(random, 4))
         return std::nullopt;
-    if (one_in(random, 3))
-        return random_rectangular_pen(random);
-    for (;;) {
-        const DTKHDDVDPenShape pen = random_quadrilateral(random);
-        if (has_surface(pen))
-            return pen;
-    }
+    return random_wide_pen(random);
 }
 
 std::vector<DFBPoint> random_points(std::mt19937& random, int count)
@@ -98,6 +92,17 @@ DFBRectangle random_part(std::mt19937& random)
 }
 
 } // namespace
+
+DTKHDDVDPenShape random_wide_pen(std::mt19937& random)
+{
+    if (one_in(random, 3))
+        return random_rectangular_pen(random);
+    for (;;) {
+        const DTKHDDVDPenShape pen = random_quadrilateral(random);
+        if (has_surface(pen))
+            return pen;
+    }
+}
 
 Scene random_scene(std::mt19937& random, Variety variety)
 {
@@ -126,6 +131,11 @@ bool is_one_pixel(const DTKHDDVDPenShape& pen)
     const auto [left, right] = std::minmax({pen.x0, pen.x1, pen.x2, pen.x3});
     const auto [top, bottom] = std::minmax({pen.y0, pen.y1, pen.y2, pen.y3});
     return right - left == 1 && bottom - top == 1;
+}
+
+bool needs_argb(const Scene& scene)
+{
+    return scene.primitive == Primitive::ellipse && scene.has_stroke() && (!scene.pen || is_one_pixel(*scene.pen));
 }
 
 namespace {
@@ -157,4 +167,4 @@ std::ostream& operator<<(std::ostream& stream, const Scene& scene)
     return stream;
 }
 
-} // namespace differential
+} // namespace conformance

@@ -1,9 +1,12 @@
-#include "real/differential/bench.h"
+#include "stage.h"
 
 #include <stdexcept>
+
 #include <zuvo.h>
 
-namespace differential {
+#include "engine_switch.h"
+
+namespace conformance {
 namespace {
 
 /// Calls `visit(pixel, index)` for every pixel of a surface.
@@ -47,29 +50,6 @@ void write(IDirectFBSurface* surface, const Picture& picture)
     visit_pixels(surface, [&picture](u32& pixel, std::size_t index) { pixel = picture[index]; });
 }
 
-Picture read(IDirectFBSurface* surface)
-{
-    Picture picture(surface_width * surface_height);
-    visit_pixels(surface, [&picture](u32& pixel, std::size_t index) { picture[index] = pixel; });
-    return picture;
-}
-
-Surface part_of(IDirectFBSurface* surface, const DFBRectangle& rect)
-{
-    IDirectFBSurface* part = nullptr;
-    if (surface->GetSubSurface(surface, &rect, &part) != DFB_OK)
-        throw std::runtime_error("no part of a surface");
-    return Surface(part);
-}
-
-void choose_platform(BackEnd back_end)
-{
-    if (back_end == BackEnd::hardware)
-        zuvo_init(4108);
-    else
-        zuvo_uninit();
-}
-
 DFBResult draw_primitive(DTKHDDVD* toolkit, const Scene& scene)
 {
     const std::vector<DFBPoint>& points = scene.points;
@@ -95,6 +75,23 @@ std::optional<DTKHDDVDPenShape> pen_for(BackEnd back_end, const Scene& scene)
 
 } // namespace
 
+Picture read(IDirectFBSurface* surface)
+{
+    if (const unsigned int engine = zuvo_dtk_get_handle())
+        zuvo_dtk_sync(engine);
+    Picture picture;
+    visit_pixels(surface, [&picture](u32& pixel, std::size_t) { picture.push_back(pixel); });
+    return picture;
+}
+
+Surface part_of(IDirectFBSurface* surface, const DFBRectangle& rect)
+{
+    IDirectFBSurface* part = nullptr;
+    if (surface->GetSubSurface(surface, &rect, &part) != DFB_OK)
+        throw std::runtime_error("no part of a surface");
+    return Surface(part);
+}
+
 Picture random_picture(std::mt19937& random)
 {
     Picture picture(surface_width * surface_height);
@@ -103,23 +100,8 @@ Picture random_picture(std::mt19937& random)
     return picture;
 }
 
-Bench& Bench::instance()
+Stage::Stage(IDirectFB* dfb) : dfb_(dfb)
 {
-    static Bench bench;
-    return bench;
-}
-
-Bench::Bench()
-{
-    char name[] = "differential_tests";
-    char options[] = "--dfb:system=dummy,quiet,no-cursor,no-sighandler,mode=1920x1080";
-    char* arguments[] = {name, options, nullptr};
-    int count = 2;
-    char** vector = arguments;
-    dfb_ = zuvo_dfb_ext_open_with_params(6, &count, &vector);
-    if (!dfb_)
-        throw std::runtime_error("DirectFB does not start");
-
     argb_target_ = make_surface(surface_width, surface_height, DSPF_ARGB);
     rgb32_target_ = make_surface(surface_width, surface_height, DSPF_RGB32);
     textures_[Texture::argb] = make_surface(15, 15, DSPF_ARGB);
@@ -132,7 +114,7 @@ Bench::Bench()
     }
 }
 
-Surface Bench::make_surface(int width, int height, DFBSurfacePixelFormat format)
+Surface Stage::make_surface(int width, int height, DFBSurfacePixelFormat format) const
 {
     DFBSurfaceDescription description = {};
     description.flags = static_cast<DFBSurfaceDescriptionFlags>(DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT);
@@ -142,21 +124,30 @@ Surface Bench::make_surface(int width, int height, DFBSurfacePixelFormat format)
     IDirectFBSurface* surface = nullptr;
     if (dfb_->CreateSurface(dfb_, &description, &surface) != DFB_OK)
         throw std::runtime_error("no surface");
+    surface->Clear(surface, 0, 0, 0, 0);
     return Surface(surface);
 }
 
-Surface& Bench::target(DFBSurfacePixelFormat format)
+Toolkit Stage::make_toolkit(BackEnd back_end, IDirectFBSurface* surface) const
+{
+    const bool is_hardware = back_end == BackEnd::hardware;
+    tools::show_engine(is_hardware);
+    const auto create = is_hardware ? CreateDrawingToolkit_HDDVD_HW : CreateDrawingToolkit_HDDVD_SW;
+    DTKHDDVD* toolkit = nullptr;
+    if (create(dfb_, surface, 1, &toolkit) != DFB_OK)
+        throw std::runtime_error("no toolkit");
+    return Toolkit(toolkit);
+}
+
+Surface& Stage::target(DFBSurfacePixelFormat format)
 {
     return format == DSPF_ARGB ? argb_target_ : rgb32_target_;
 }
 
-bool Bench::draw_on(IDirectFBSurface* surface, BackEnd back_end, const Scene& scene)
+bool Stage::draw_on(IDirectFBSurface* surface, BackEnd back_end, const Scene& scene)
 {
-    DTKHDDVD* toolkit = nullptr;
-    const auto create = back_end == BackEnd::hardware ? CreateDrawingToolkit_HDDVD_HW : CreateDrawingToolkit_HDDVD_SW;
-    if (create(dfb_, surface, 1, &toolkit) != DFB_OK)
-        throw std::runtime_error("no toolkit");
-
+    const Toolkit owner = make_toolkit(back_end, surface);
+    DTKHDDVD* const toolkit = owner.get();
     toolkit->SetStrokeColor(toolkit, scene.stroke.r, scene.stroke.g, scene.stroke.b, scene.stroke.a);
     toolkit->SetFillColor(toolkit, scene.fill.r, scene.fill.g, scene.fill.b, scene.fill.a);
     if (scene.texture != Texture::none)
@@ -170,13 +161,11 @@ bool Bench::draw_on(IDirectFBSurface* surface, BackEnd back_end, const Scene& sc
     }
     const DFBResult result = draw_primitive(toolkit, scene);
     toolkit->SetPen(toolkit, nullptr);
-    toolkit->Release(toolkit);
     return result == DFB_OK;
 }
 
-std::optional<Picture> Bench::draw(BackEnd back_end, const Scene& scene, const Picture& background)
+std::optional<Picture> Stage::draw(BackEnd back_end, const Scene& scene, const Picture& background)
 {
-    choose_platform(back_end);
     IDirectFBSurface* const surface = target(scene.target_format).get();
     write(surface, background);
     const Surface part = scene.part ? part_of(surface, *scene.part) : nullptr;
@@ -185,4 +174,4 @@ std::optional<Picture> Bench::draw(BackEnd back_end, const Scene& scene, const P
     return read(surface);
 }
 
-} // namespace differential
+} // namespace conformance

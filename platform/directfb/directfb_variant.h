@@ -1,6 +1,6 @@
 /**
  * @file directfb_variant.h
- * In what DirectFB 1.7 and its successor DirectFB2 differ. directfb_variant.cmake finds out which one this is.
+ * In what DirectFB 1.7 and its successor DirectFB2 differ. variant.cmake finds out which one this is.
  */
 #ifndef ZUVO_DIRECTFB_VARIANT_H
 #define ZUVO_DIRECTFB_VARIANT_H

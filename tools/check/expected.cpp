@@ -1,6 +1,6 @@
-#include "real/differential/expected.h"
+#include "expected.h"
 
-namespace differential {
+namespace conformance {
 namespace {
 
 bool is_translucent(const DFBColor& color)
@@ -66,10 +66,10 @@ Scene marked(const Scene& scene, const DFBColor& color, Texture texture)
 }
 
 /// The pixels that a scene draws on: those that come out different when its colours are.
-std::optional<std::vector<bool>> shape_of(Bench& bench, const Scene& scene, const Picture& background)
+std::optional<std::vector<bool>> shape_of(Stage& stage, const Scene& scene, const Picture& background)
 {
-    const auto one = bench.draw(BackEnd::software, marked(scene, {255, 1, 2, 3}, Texture::first_mark), background);
-    const auto other = bench.draw(BackEnd::software, marked(scene, {255, 4, 5, 6}, Texture::second_mark), background);
+    const auto one = stage.draw(BackEnd::software, marked(scene, {255, 1, 2, 3}, Texture::first_mark), background);
+    const auto other = stage.draw(BackEnd::software, marked(scene, {255, 4, 5, 6}, Texture::second_mark), background);
     if (!one || !other)
         return std::nullopt;
 
@@ -88,14 +88,14 @@ Scene true_colour(const Scene& polygon)
     return everything;
 }
 
-std::optional<Picture> expected_piece(Bench& bench, const Scene& piece, const Picture& background)
+std::optional<Picture> expected_piece(Stage& stage, const Scene& piece, const Picture& background)
 {
     const bool has_true_colour = is_premultiplied_by_cairo(piece);
-    auto picture = bench.draw(BackEnd::software, has_true_colour ? true_colour(piece) : piece, background);
+    auto picture = stage.draw(BackEnd::software, has_true_colour ? true_colour(piece) : piece, background);
     if (!picture || (!has_true_colour && piece.target_format == DSPF_ARGB))
         return picture;
 
-    const auto shape = shape_of(bench, piece, background);
+    const auto shape = shape_of(stage, piece, background);
     if (!shape)
         return std::nullopt;
     for (std::size_t i = 0; i < picture->size(); ++i) {
@@ -107,15 +107,15 @@ std::optional<Picture> expected_piece(Bench& bench, const Scene& piece, const Pi
 
 } // namespace
 
-std::optional<Picture> expected_picture(Bench& bench, const Scene& scene, const Picture& background)
+std::optional<Picture> expected_picture(Stage& stage, const Scene& scene, const Picture& background)
 {
     std::optional<Picture> picture = background;
     for (const Scene& piece : pieces_of(scene)) {
-        picture = expected_piece(bench, piece, *picture);
+        picture = expected_piece(stage, piece, *picture);
         if (!picture)
             return std::nullopt;
     }
     return picture;
 }
 
-} // namespace differential
+} // namespace conformance

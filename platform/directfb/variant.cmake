@@ -3,6 +3,12 @@
 # trusted: each form is compiled. What the forms mean to the sources is in directfb_variant.h.
 include(CheckCSourceCompiles)
 
+if(TARGET zuvo_directfb_internal)
+  return()
+endif()
+if(NOT DIRECTFB_INTERNAL_FOUND)
+  message(FATAL_ERROR "The platform needs DirectFB's inside: pkg-config does not know directfb-internal")
+endif()
 add_library(zuvo_directfb_internal INTERFACE)
 target_include_directories(zuvo_directfb_internal INTERFACE ${CMAKE_CURRENT_LIST_DIR})
 target_link_libraries(zuvo_directfb_internal INTERFACE PkgConfig::DIRECTFB_INTERNAL)
@@ -33,8 +39,8 @@ function(find_form definition code other_code)
   if(NOT ${definition})
     check_directfb(${definition}_IS_NOT "${other_code}")
     if(NOT ${definition}_IS_NOT)
-      message(FATAL_ERROR "DirectFB's inside is neither that of 1.7 nor that of DirectFB2, the forms that the hosted "
-        "platform knows: ${CMAKE_BINARY_DIR}/CMakeFiles/CMakeError.log shows why ${definition} is undecided")
+      message(FATAL_ERROR "DirectFB's inside is neither that of 1.7 nor that of DirectFB2, the forms that the "
+        "platforms know: ${CMAKE_BINARY_DIR}/CMakeFiles/CMakeError.log shows why ${definition} is undecided")
     endif()
   endif()
   target_compile_definitions(zuvo_directfb_internal INTERFACE ${definition}=$<BOOL:${${definition}}>)

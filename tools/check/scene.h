@@ -6,7 +6,7 @@
 #include <random>
 #include <vector>
 
-namespace differential {
+namespace conformance {
 
 /// What fills are made of: noise, or opaque colours that mark where a shape is.
 enum class Texture { none, argb, rgb32, first_mark, second_mark };
@@ -45,6 +45,12 @@ Scene random_scene(std::mt19937& random, Variety variety);
 /// Whether a pen draws like no pen in software, where it is this many pixels smaller than on the engine.
 bool is_one_pixel(const DTKHDDVDPenShape& pen);
 
+/// Whether the software back end cannot draw a scene on RGB32: an ellipse's outline one pixel wide.
+bool needs_argb(const Scene& scene);
+
+/// A pen of any shape that has a width and a height, for both back ends.
+DTKHDDVDPenShape random_wide_pen(std::mt19937& random);
+
 std::ostream& operator<<(std::ostream& stream, const Scene& scene);
 
-} // namespace differential
+} // namespace conformance
