@@ -31,7 +31,7 @@ struct Word {
 
     bool is(const char* other) const
     {
-        return std::strlen(other) == length && !std::memcmp(text, other, length);
+        return text && std::strlen(other) == length && !std::memcmp(text, other, length);
     }
 };
 
@@ -76,6 +76,7 @@ bool read_size(Word word, WindowWish& window)
 
     char rest;
     WindowWish sized = {true, false, 0, 0};
+    // Every number of 5 digits fits. NOLINTNEXTLINE(cert-err34-c)
     if (std::sscanf(text, "%5dx%5d%c", &sized.width, &sized.height, &rest) != 2 || sized.width < 1 || sized.height < 1)
         return false;
     window = sized;

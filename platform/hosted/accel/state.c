@@ -51,9 +51,7 @@ static bool is_plain(const CoreSurface *surface) { return !(surface->config.caps
 /// DirectFB2 forgets to tell a driver which buffer of a layer is drawn to since the Flip.
 static bool has_known_buffer(const CoreSurface *surface)
 {
-    const bool is_flipped_layer = (surface->type & CSTF_LAYER) && (surface->config.caps & DSCAPS_FLIPPING);
-
-    return !DIRECTFB_SURFACE_FLIPS_LAYER || !is_flipped_layer;
+    return !DIRECTFB_SURFACE_FLIPS_LAYER || !(surface->type & CSTF_LAYER) || !(surface->config.caps & DSCAPS_FLIPPING);
 }
 
 static bool can_blit(const CardState *state)

@@ -3,7 +3,7 @@
 
 #include "window.h"
 
-/** Registers the window's screen with its one layer. Without a window, NULL, the layer is drawn into memory only. */
-void layer_register(const ZuvoWindow *window);
+/** Registers the opened window's screen with its one layer. Without a window, NULL, the layer is drawn into memory only. */
+void layer_register(const ZuvoWindow *opened);
 
 #endif
