@@ -1,25 +1,39 @@
 #include "error_filter.h"
 
-#include <regex>
 #include <stdexcept>
+#include <string>
 
+#include <regex.h>
 #include <unistd.h>
 
 namespace tools {
 
 namespace {
 
-const char report[] = "--.*--|[0-9]+ msec for the last 20 frames .*|[A-Za-z]+ +[0-9]+ms";
+/// The lines of the benchmark program's report, as the C library matches them: std::regex makes GCC warn under a sanitizer.
+class ReportLines {
+public:
+    ReportLines() { regcomp(&lines_, "^(--.*--|[0-9]+ msec for the last 20 frames .*|[A-Za-z]+ +[0-9]+ms)$", flags); }
+    ReportLines(const ReportLines&) = delete;
+    ReportLines& operator=(const ReportLines&) = delete;
+    ~ReportLines() { regfree(&lines_); }
+
+    bool have(const std::string& line) const { return !regexec(&lines_, line.c_str(), 0, nullptr, 0); }
+
+private:
+    static constexpr int flags = REG_EXTENDED | REG_NOSUB;
+    regex_t lines_;
+};
 
 void pass_on(FILE* held, FILE* errors)
 {
-    const std::regex is_report(report);
+    const ReportLines report;
     std::rewind(held);
     char line[1024];
     while (std::fgets(line, sizeof line, held)) {
         std::string text = line;
         text.erase(text.find_last_not_of('\n') + 1);
-        if (!std::regex_match(text, is_report))
+        if (!report.have(text))
             std::fputs(line, errors);
     }
 }
