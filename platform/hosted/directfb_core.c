@@ -66,9 +66,9 @@ static struct {
 } opened[3];
 
 /** Rows of a surface that keeps its two fields apart lie elsewhere; it counts as of no known format. */
-static DFBSurfacePixelFormat format_of(const CoreSurface *surface)
+static DFBSurfacePixelFormat format_of(const CoreSurfaceConfig *config)
 {
-    return surface->config.caps & DSCAPS_SEPARATED ? DSPF_UNKNOWN : surface->config.format;
+    return config->caps & DSCAPS_SEPARATED ? DSPF_UNKNOWN : config->format;
 }
 
 /** Every operation asks this first. */
@@ -78,7 +78,7 @@ DirectFBCoreAnswer directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelForm
 
     if (!surface)
         return DIRECTFB_CORE_UNKNOWN;
-    *ret_format = format_of(surface);
+    *ret_format = format_of(&surface->config);
     directfb_surfaces_end_use();
     return DIRECTFB_CORE_OK;
 }
@@ -99,13 +99,12 @@ static DirectFBCoreAnswer lock_back_buffer(DirectFBCoreUse use, DFBSurfaceID id)
     return DIRECTFB_CORE_OK;
 }
 
-static DirectFBCorePixels pixels_of(DirectFBCoreUse use)
+/** What the locked memory was allocated for: references keep the memory, while another thread may resize the surface. */
+static DirectFBCorePixels pixels_of(const CoreSurfaceBufferLock *lock)
 {
-    const CoreSurface *surface = opened[use].surface;
-    const CoreSurfaceBufferLock *lock = &opened[use].lock;
+    const CoreSurfaceConfig *config = &lock->allocation->config;
 
-    return (DirectFBCorePixels) {lock->addr, lock->pitch, surface->config.size.w, surface->config.size.h,
-                                 format_of(surface)};
+    return (DirectFBCorePixels) {lock->addr, lock->pitch, config->size.w, config->size.h, format_of(config)};
 }
 
 DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, DirectFBCorePixels *ret_pixels)
@@ -119,7 +118,7 @@ DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, Dire
         if (answer != DIRECTFB_CORE_OK)
             return answer;
     }
-    *ret_pixels = pixels_of(use);
+    *ret_pixels = pixels_of(&opened[use].lock);
     return DIRECTFB_CORE_OK;
 }
 

@@ -186,10 +186,11 @@ static void copy_picture(const void *layer_picture, const DFBRectangle *area, vo
                              area->h, target, pitch, area->w, area->h);
 }
 
-static void show(const CoreSurface *surface, const CoreSurfaceBufferLock *lock, const DFBRegion *part)
+static void show(const CoreSurfaceBufferLock *lock, const DFBRegion *part)
 {
-    const LayerPicture picture = {lock->addr, (int)lock->pitch, surface->config.format};
-    const DFBRegion whole = {0, 0, surface->config.size.w - 1, surface->config.size.h - 1};
+    const CoreSurfaceConfig *config = &lock->allocation->config;
+    const LayerPicture picture = {lock->addr, (int)lock->pitch, config->format};
+    const DFBRegion whole = {0, 0, config->size.w - 1, config->size.h - 1};
 
     if (window)
         window->draw(part ? part : &whole, copy_picture, &picture);
@@ -201,7 +202,7 @@ static DFBResult flip_region(CoreLayer *layer, void *driver, void *data, void *r
 {
     if (flags & DSFLIP_WAITFORSYNC)
         wait_for_frame(NULL, NULL, NULL);
-    show(surface, left_lock, NULL);
+    show(left_lock, NULL);
     return dfb_surface_flip(surface, false);
 }
 
@@ -209,7 +210,7 @@ static DFBResult update_region(CoreLayer *layer, void *driver, void *data, void 
                                const DFBRegion *left_part, CoreSurfaceBufferLock *left_lock, const DFBRegion *right_part,
                                CoreSurfaceBufferLock *right_lock)
 {
-    show(surface, left_lock, left_part);
+    show(left_lock, left_part);
     return DFB_OK;
 }
 
