@@ -21,14 +21,19 @@ std::string in_words(const std::string& arguments)
     return "dtk_demo --size 640x480 " + arguments;
 }
 
-/// The first frame, drawn without a window.
-Picture first_frame(const std::string& arguments)
+/// The last one of some frames, drawn without a window.
+Picture last_frame(const std::string& arguments)
 {
     const std::string file = temporary_file("frame.png");
-    run_command(in_words(arguments) + " --frames 1 --png " + file);
+    run_command(in_words(arguments) + " --png " + file);
     const Picture picture = read_png(file);
     std::remove(file.c_str());
     return picture;
+}
+
+Picture first_frame(const std::string& arguments)
+{
+    return last_frame(arguments + " --frames 1");
 }
 
 /// A program of the build directory on a display.
@@ -177,6 +182,19 @@ TEST(AProgramThatIgnoresEscape, EndsSoonAfterItsWindow)
     const Outcome outcome = program.wait();
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, HasSubstr("zuvo: the window was closed\n"));
+}
+
+/// SDL waits for it for ever.
+TEST(AWindowManagerThatHangs, KeepsNoProgramFromDrawingAndEnding)
+{
+    const XServer server;
+    const WindowManager manager(server);
+    manager.hang();
+    const std::string file = temporary_file("hang.png");
+    Program demo(server.environment(), in_words("--frames 20 --png " + file));
+    EXPECT_EQ(demo.wait().status, 0);
+    EXPECT_EQ(read_png(file).pixels, last_frame("--frames 20").pixels);
+    std::remove(file.c_str());
 }
 
 TEST(ClosingTheWindow, EndsTheDemoWithItsReport)

@@ -137,7 +137,12 @@ Picture XServer::screen(std::size_t left, std::size_t top, unsigned int width, u
 WindowManager::WindowManager(const XServer& server)
     : server_(server), process_("exec env " + server.environment() + " openbox --sm-disable")
 {
-    await([&] { return server_.run("wmctrl -m"); });
+    await([&] { return server_.run("xdotool set_num_desktops 2 && test $(xdotool get_num_desktops) = 2"); });
+}
+
+void WindowManager::hang() const
+{
+    process_.signal(SIGSTOP);
 }
 
 bool WindowManager::close(const std::string& title) const

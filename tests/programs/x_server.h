@@ -54,13 +54,17 @@ private:
     Process process_;
 };
 
-/// A window manager on an X server; it is ready when this has been made.
+/// A window manager on an X server. It is ready when this has been made: openbox first leaves a request that comes while it
+/// starts lying until another one follows.
 class WindowManager {
 public:
     explicit WindowManager(const XServer& server);
 
     /// Closes a window as its button does. The window may be about to appear.
     bool close(const std::string& title) const;
+
+    /// It answers nothing any more.
+    void hang() const;
 
 private:
     const XServer& server_;

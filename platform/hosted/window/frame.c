@@ -81,9 +81,17 @@ SDL_Point frame_picture_size(void)
 
 /* ---- the window ---- */
 
-static bool open_window(void)
+static void note_picture_size(void)
 {
-    const SDL_Point size = window_size();
+    const Picture *picture = picture_lock();
+
+    frame.picture = (SDL_Point){picture->width, picture->height};
+    picture_unlock();
+}
+
+/* The picture is not locked: SDL waits for the window manager here, without an end where that hangs. */
+static bool open_window(SDL_Point size)
+{
     const Uint32 flags = SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI |
                          (frame.options.full_screen ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0);
     char title[256];
@@ -102,13 +110,19 @@ static void give_up(void)
     frame_hide();
 }
 
+static bool has_window(void)
+{
+    if (frame.place.window)
+        return true;
+    note_picture_size();
+    return open_window(window_size());
+}
+
 static bool fit(Picture *picture)
 {
-    const bool has_new_size = picture->is_new && frame.place.window;
+    const bool has_new_size = picture->width != frame.picture.x || picture->height != frame.picture.y;
 
     frame.picture = (SDL_Point){picture->width, picture->height};
-    if (!frame.place.window && !open_window())
-        return false;
     if (has_new_size && !frame.options.width) {
         const SDL_Point size = window_size();
         SDL_SetWindowSize(frame.place.window, size.x, size.y);
@@ -123,22 +137,18 @@ static bool fit(Picture *picture)
 
 static bool take(Picture *picture)
 {
-    bool is_fit = !picture->is_new && !frame.is_outdated && frame.place.window;
-    bool is_taken = (is_fit || fit(picture)) && frame.output->take(&frame.place, picture);
+    const bool is_fit = !picture->is_new && !frame.is_outdated;
 
-    picture->dirty = (SDL_Rect){0};
-    return is_taken;
+    return (is_fit || fit(picture)) && frame.output->take(&frame.place, picture);
 }
 
 void frame_show(void)
 {
+    const bool can_show = !frame.is_hidden && has_window();
     Picture *picture = picture_lock();
-    bool is_taken = false;
+    const bool is_taken = can_show && take(picture);
 
-    if (frame.is_hidden)
-        picture->dirty = (SDL_Rect){0};
-    else
-        is_taken = take(picture);
+    picture->dirty = (SDL_Rect){0};
     picture_unlock();
 
     if (is_taken)

@@ -5,6 +5,7 @@
 #include <limits.h>
 #include <pthread.h>
 #include <signal.h>
+#include <time.h>
 
 #include "closing.h"
 #include "display.h"
@@ -13,7 +14,8 @@
 
 enum {
     longest_nap = 15,           /* Milliseconds from one look for events to the next. */
-    time_to_settle = 30000      /* Microseconds from the first picture, which may be DirectFB's own, to the window. */
+    time_to_settle = 30000,     /* Microseconds from the first picture, which may be DirectFB's own, to the window. */
+    longest_end = 2             /* Seconds. */
 };
 
 static struct {
@@ -23,7 +25,7 @@ static struct {
     pthread_mutex_t lock;
     pthread_cond_t has_started;
     enum { STARTING, CONNECTED, REFUSED } state;
-    bool has_lost_display;
+    bool is_lost;               /* With its display, or in a call of SDL that does not end. */
 } thread = {.lock = PTHREAD_MUTEX_INITIALIZER, .has_started = PTHREAD_COND_INITIALIZER};
 
 /*
@@ -33,7 +35,7 @@ static struct {
 __attribute__((noreturn)) static void on_lost_display(void)
 {
     picture_unlock();
-    thread.has_lost_display = true;
+    thread.is_lost = true;
     closing_begin(true);
     while (!picture_has_ended()) {
         picture_await(LLONG_MAX, longest_nap);
@@ -158,20 +160,28 @@ static bool has_connected(void)
     return is_connected;
 }
 
+/* A window manager that hangs keeps the thread waiting for it. */
 static void close_window(void)
 {
+    struct timespec latest;
+
+    clock_gettime(CLOCK_REALTIME, &latest);
+    latest.tv_sec += longest_end;
     input_enable(false);
     picture_end();
-    pthread_join(thread.id, NULL);
+    if (pthread_timedjoin_np(thread.id, NULL, &latest))
+        thread.is_lost = true;
 }
 
 static bool open_window(const WindowOptions *options)
 {
+    if (thread.is_lost)
+        return false;
     thread.state = STARTING;
     picture_reset();
     closing_reset();
     frame_reset(options);
-    if (thread.has_lost_display || !start())
+    if (!start())
         return false;
     if (!has_connected()) {
         pthread_join(thread.id, NULL);
