@@ -6,6 +6,7 @@
 
 #include <core/core.h>
 #include <core/surface.h>
+#include <core/surface_allocation.h>
 #include <core/surface_buffer.h>
 #include <gfx/clip.h>
 

@@ -12,6 +12,7 @@
 #include <core/layers.h>
 #include <core/screens.h>
 #include <core/surface.h>
+#include <core/surface_allocation.h>
 #include <gfx/convert.h>
 #include <misc/conf.h>
 
