@@ -10,6 +10,7 @@
 #include <core/surface_buffer.h>
 #include <gfx/clip.h>
 
+#include "directfb_back_buffer.h"
 #include "directfb_hold.h"
 #include "directfb_surfaces.h"
 #include "directfb_system.h"
@@ -92,7 +93,7 @@ static DirectFBCoreAnswer lock_back_buffer(DirectFBCoreUse use, DFBSurfaceID id)
 
     if (!core_dfb || dfb_core_get_surface(core_dfb, id, &surface) != DFB_OK)
         return DIRECTFB_CORE_UNKNOWN;
-    if (dfb_surface_lock_buffer(surface, DIRECTFB_BACK_BUFFER, CSAID_CPU, access, &opened[use].lock) != DFB_OK) {
+    if (directfb_lock_back_buffer(surface, CSAID_CPU, access, &opened[use].lock) != DFB_OK) {
         dfb_surface_unref(surface);
         return DIRECTFB_CORE_NOT_LOCKED;
     }

@@ -9,6 +9,7 @@
 #include <core/surface_pool.h>
 #include <misc/conf.h>
 
+#include "directfb_back_buffer.h"
 #include "directfb_surfaces.h"
 #include "directfb_variant.h"
 
@@ -94,7 +95,7 @@ static bool lock_buffer(CoreSurface *surface, CoreSurfaceBufferLock *lock)
 
     if (surface->state & CSSF_DESTROYED || surface->num_buffers < 1)
         return false;
-    buffer = dfb_surface_get_buffer(surface, DIRECTFB_BACK_BUFFER);
+    buffer = directfb_back_buffer(surface);
     allocation = current_allocation(buffer);
     if (!allocation)
         return false;

@@ -2,9 +2,10 @@
 
 #include <core/core.h>
 #include <core/surface.h>
+#include <core/surface_allocation.h>
 #include <core/surface_buffer.h>
 
-#include "directfb_variant.h"
+#include "directfb_back_buffer.h"
 #include "zuvo.h"
 
 /* Who draws, in DirectFB's eyes. Here it is the CPU; a board's engine is CSAID_GPU, and DirectFB waits for it by the
@@ -36,12 +37,15 @@ static int lock_memory(SurfaceUse use, CoreSurface *surface, Memory *ret_memory)
 {
     const CoreSurfaceAccessFlags access = use == SURFACE_TARGET ? CSAF_READ | CSAF_WRITE : CSAF_READ;
     CoreSurfaceBufferLock *lock = &opened[use].lock;
+    DFBDimension size;
 
     if (!has_usable_format(surface))
         return ZUVO_WRONG_PIXEL_FORMAT;
-    if (dfb_surface_lock_buffer(surface, DIRECTFB_BACK_BUFFER, BOARD_ACCESSOR, access, lock) != DFB_OK)
+    if (directfb_lock_back_buffer(surface, BOARD_ACCESSOR, access, lock) != DFB_OK)
         return ZUVO_LOCK_FAILED;
-    *ret_memory = (Memory){lock->addr, (int) lock->pitch, surface->config.size.w, surface->config.size.h};
+    // Another thread may give the surface another size meanwhile; the memory keeps that which it was allocated for.
+    size = lock->allocation->config.size;
+    *ret_memory = (Memory){lock->addr, (int) lock->pitch, size.w, size.h};
     opened[use].surface = surface;
     return ZUVO_OK;
 }
