@@ -2,7 +2,7 @@
 #define DTK_PEN_BATCH_H
 
 #include "dtkhddvd.h"
-#include "pen/line_walk.h"
+#include "geometry/line_walk.h"
 
 #include <cstddef>
 

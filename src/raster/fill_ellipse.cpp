@@ -1,4 +1,4 @@
-#include "raster/ellipse_walk.h"
+#include "geometry/ellipse_walk.h"
 #include "raster/span_writer.h"
 #include "toolkit/result.h"
 

@@ -1,6 +1,6 @@
 #include "raster/outline_ellipse.h"
 
-#include "raster/ellipse_walk.h"
+#include "geometry/ellipse_walk.h"
 #include "toolkit/result.h"
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 #include "raster/stamp_far_ellipse.h"
 
-#include "raster/ellipse_walk.h"
+#include "geometry/ellipse_walk.h"
 
 namespace dtk {
 namespace {

@@ -1,6 +1,6 @@
 #include "software/thin_line.h"
 
-#include "pen/line_walk.h"
+#include "geometry/line_walk.h"
 #include "toolkit/result.h"
 
 namespace dtk {

@@ -27,23 +27,24 @@ check() {
     fi
 }
 
-check 'src/toolkit/*' 'toolkit/.*|dtkhddvd\.h|zuvo\.h'
-check 'src/pen/*' '(pen|toolkit)/.*|dtkhddvd\.h|zuvo\.h'
-check 'src/raster/*' '(raster|pen|toolkit)/.*|dtkhddvd\.h'
-check 'src/software/[!b]*' '(software|raster|pen|toolkit)/.*|dtkhddvd\.h'
-check 'src/software/b*' '(software|raster|pen|toolkit)/.*|dtkhddvd\.h|zuvo\.h'
-check 'src/hardware/*' '(hardware|pen|toolkit)/.*|dtkhddvd\.h|zuvo\.h'
+check 'geometry/*' 'geometry/.*'
+check 'src/toolkit/*' '(toolkit|geometry)/.*|dtkhddvd\.h|zuvo\.h'
+check 'src/pen/*' '(pen|toolkit|geometry)/.*|dtkhddvd\.h|zuvo\.h'
+check 'src/raster/*' '(raster|pen|toolkit|geometry)/.*|dtkhddvd\.h'
+check 'src/software/[!b]*' '(software|raster|pen|toolkit|geometry)/.*|dtkhddvd\.h'
+check 'src/software/b*' '(software|raster|pen|toolkit|geometry)/.*|dtkhddvd\.h|zuvo\.h'
+check 'src/hardware/*' '(hardware|pen|toolkit|geometry)/.*|dtkhddvd\.h|zuvo\.h'
 check 'test_dtkhd/*.[ch]*' '(test_dtkhd/)?[a-z_]+\.h|toolkit/report\.h|dtkhddvd\.h|zuvo\.h'
 
 # What needs no runtime, and what the library draws with.
 headers='algorithm|atomic|cassert|cmath|cstddef|cstdint|cstdio|cstdlib|cstring|initializer_list|limits|type_traits|utility'
 foreign='cairo\.h|direct/debug\.h|directfb\.h|sys/time\.h|time\.h'
-if included brackets src/*/*.cpp src/*/*.h | grep -Ev "^[^ ]+ ($headers|$foreign)$"; then
+if included brackets src/*/*.cpp src/*/*.h geometry/*.h | grep -Ev "^[^ ]+ ($headers|$foreign)$"; then
     echo "... needs a C++ runtime, or is nothing that the library builds on"
     failures=1
 fi
 
-if grep -nE '^ *# *define +[A-Za-z_0-9]+\(' include/*.h platform/include/*.h src/*/*; then
+if grep -nE '^ *# *define +[A-Za-z_0-9]+\(' include/*.h platform/include/*.h src/*/* geometry/*.h; then
     echo "... is a macro that takes arguments"
     failures=1
 fi

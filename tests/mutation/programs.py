@@ -66,6 +66,7 @@ TOOLKIT = [*unit("dispatch", "pen", "toolkit", "raster", "software", "hardware",
 # The first prefix that fits a file is its own.
 TABLE = (
     ("src/", TOOLKIT),
+    ("geometry/", [*TOOLKIT, ENGINE_PARTS, HOSTED, FUZZ_ENGINE]),
     ("test_dtkhd/", [*unit("test_dtkhd", "main"), TEST_DTKHD]),
     ("platform/include/", [*unit("hardware"), HOSTED, TEST_DTKHD]),
     ("platform/hosted/engine/", [ENGINE_PARTS, HOSTED, ENGINE_MEMORY, SAME_PICTURES, DIFFERENTIAL, FUZZ_ENGINE, PICTURES, REAL_DRIVER, RESTART, THREADS]),

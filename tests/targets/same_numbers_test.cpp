@@ -1,6 +1,6 @@
 /// The ellipse walk computes the same doubles and the same points on every machine. The sums below were made on amd64;
 /// all that is hashed has the same size and byte order on each target.
-#include "raster/ellipse_walk.h"
+#include "geometry/ellipse_walk.h"
 #include "support/fixture.h"
 #include "support/picture.h"
 #include "targets/hash.h"

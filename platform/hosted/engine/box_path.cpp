@@ -1,7 +1,7 @@
 #include "outline_path.h"
 
 #include "ellipse_rows.h"
-#include "raster/ellipse_walk.h"
+#include "geometry/ellipse_walk.h"
 
 #include <algorithm>
 

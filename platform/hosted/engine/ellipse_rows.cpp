@@ -1,6 +1,6 @@
 #include "ellipse_rows.h"
 
-#include "raster/ellipse_walk.h"
+#include "geometry/ellipse_walk.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "outline_path.h"
 
 #include "../directfb_core.h"
-#include "pen/line_walk.h"
+#include "geometry/line_walk.h"
 
 #include <algorithm>
 #include <utility>

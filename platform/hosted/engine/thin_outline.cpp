@@ -1,7 +1,7 @@
 #include "thin_outline.h"
 
 #include "accel/blending.h"
-#include "raster/ellipse_walk.h"
+#include "geometry/ellipse_walk.h"
 
 #include <cstdlib>
 

@@ -1,7 +1,7 @@
 #ifndef DTK_RASTER_ELLIPSE_WALK_H
 #define DTK_RASTER_ELLIPSE_WALK_H
 
-#include "raster/ellipse_steps.h"
+#include "geometry/ellipse_steps.h"
 
 #include <directfb.h>
 
