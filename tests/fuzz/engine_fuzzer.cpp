@@ -1,9 +1,9 @@
 /// Reads bytes as a program of drawing engine calls on surfaces in guarded memory; DirectFB does not run.
 #include "bytes.h"
-#include "directfb_core.h"
+#include "engine/surface/directfb_core.h"
 #include "guarded_memory.h"
-#include "platform.h"
-#include "words.h"
+#include "start/platform.h"
+#include "start/options.h"
 #include "zuvo.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "engine.h"
 
-#include "../platform.h"
-#include "../words.h"
-#include "surface.h"
+#include "start/platform.h"
+#include "start/options.h"
+#include "engine/surface/surface.h"
 
 #include <cstring>
 

@@ -1,11 +1,11 @@
 #ifndef ZUVO_ENGINE_H
 #define ZUVO_ENGINE_H
 
-#include "outline_path.h"
-#include "painter.h"
-#include "pen_rows.h"
-#include "polygon_scan.h"
-#include "sweep.h"
+#include "engine/outline/outline_path.h"
+#include "engine/paint/painter.h"
+#include "engine/outline/pen_rows.h"
+#include "engine/fill/polygon_scan.h"
+#include "engine/outline/sweep.h"
 #include "zuvo.h"
 
 namespace zuvo {

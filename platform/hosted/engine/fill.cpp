@@ -1,10 +1,10 @@
 #include "engine.h"
 
-#include "box.h"
-#include "box_clip.h"
-#include "ellipse_arc.h"
-#include "ellipse_rows.h"
-#include "surface.h"
+#include "engine/fill/box.h"
+#include "engine/fill/box_clip.h"
+#include "engine/fill/ellipse_arc.h"
+#include "engine/fill/ellipse_rows.h"
+#include "engine/surface/surface.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "engine.h"
 
-#include "box.h"
-#include "ellipse_rows.h"
-#include "surface.h"
-#include "thin_outline.h"
+#include "engine/fill/box.h"
+#include "engine/fill/ellipse_rows.h"
+#include "engine/surface/surface.h"
+#include "engine/outline/thin_outline.h"
 
 using zuvo::engine;
 using zuvo::Extent;

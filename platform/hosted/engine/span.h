@@ -1,7 +1,7 @@
 #ifndef ZUVO_SPAN_H
 #define ZUVO_SPAN_H
 
-#include "accel/rows.h"
+#include "pixels/rows.h"
 
 namespace zuvo {
 

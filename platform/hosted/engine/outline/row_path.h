@@ -1,7 +1,7 @@
 #ifndef ZUVO_ROW_PATH_H
 #define ZUVO_ROW_PATH_H
 
-#include "buffer.h"
+#include "engine/buffer.h"
 
 #include <algorithm>
 #include <cstdint>

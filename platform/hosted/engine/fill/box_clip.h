@@ -1,7 +1,7 @@
 #ifndef ZUVO_BOX_CLIP_H
 #define ZUVO_BOX_CLIP_H
 
-#include "span.h"
+#include "engine/span.h"
 
 #include <directfb.h>
 

@@ -1,6 +1,6 @@
-#include "directfb_core.h"
+#include "engine/surface/directfb_core.h"
 #include "platform.h"
-#include "words.h"
+#include "options.h"
 #include "zuvo.h"
 
 namespace {

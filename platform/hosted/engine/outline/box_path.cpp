@@ -1,6 +1,6 @@
 #include "outline_path.h"
 
-#include "ellipse_rows.h"
+#include "engine/fill/ellipse_rows.h"
 #include "geometry/ellipse_walk.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #ifndef ZUVO_THIN_OUTLINE_H
 #define ZUVO_THIN_OUTLINE_H
 
-#include "painter.h"
+#include "engine/paint/painter.h"
 
 #include <directfb.h>
 

@@ -11,7 +11,7 @@
 
 #include "directfb_hold.h"
 #include "directfb_surfaces.h"
-#include "directfb_system.h"
+#include "start/directfb_system.h"
 #include "directfb_variant.h"
 
 static void complete_layer(DFBDisplayLayerConfig *layer)

@@ -2,7 +2,7 @@
 #define ZUVO_OUTLINE_PATH_H
 
 #include "row_path.h"
-#include "span.h"
+#include "engine/span.h"
 
 #include <directfb.h>
 

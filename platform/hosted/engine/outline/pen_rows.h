@@ -1,8 +1,8 @@
 #ifndef ZUVO_PEN_ROWS_H
 #define ZUVO_PEN_ROWS_H
 
-#include "buffer.h"
-#include "polygon_scan.h"
+#include "engine/buffer.h"
+#include "engine/fill/polygon_scan.h"
 #include "zuvo.h"
 
 namespace zuvo {

@@ -1,9 +1,9 @@
 #ifndef ZUVO_SURFACE_H
 #define ZUVO_SURFACE_H
 
-#include "../directfb_core.h"
-#include "../directfb_part.h"
-#include "painter.h"
+#include "directfb_core.h"
+#include "directfb_part.h"
+#include "engine/paint/painter.h"
 
 #include <climits>
 

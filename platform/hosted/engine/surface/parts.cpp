@@ -1,7 +1,7 @@
 #include "parts.h"
 
-#include "../directfb_core.h"
-#include "buffer.h"
+#include "directfb_core.h"
+#include "engine/buffer.h"
 
 #include <cstdint>
 

@@ -9,7 +9,7 @@
 #include <stdio.h>
 #include <string.h>
 
-#include "directfb_system.h"
+#include "start/directfb_system.h"
 #include "directfb_variant.h"
 #include "job.h"
 #include "state.h"

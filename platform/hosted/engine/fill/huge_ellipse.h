@@ -1,8 +1,8 @@
 #ifndef ZUVO_HUGE_ELLIPSE_H
 #define ZUVO_HUGE_ELLIPSE_H
 
-#include "row_path.h"
-#include "span.h"
+#include "engine/outline/row_path.h"
+#include "engine/span.h"
 
 #include <directfb.h>
 

@@ -1,9 +1,9 @@
 #ifndef ZUVO_ELLIPSE_ROWS_H
 #define ZUVO_ELLIPSE_ROWS_H
 
-#include "buffer.h"
+#include "engine/buffer.h"
 #include "huge_ellipse.h"
-#include "span.h"
+#include "engine/span.h"
 
 #include <directfb.h>
 

@@ -1,8 +1,8 @@
 #ifndef ZUVO_BOX_H
 #define ZUVO_BOX_H
 
-#include "pen_rows.h"
-#include "span.h"
+#include "engine/outline/pen_rows.h"
+#include "engine/span.h"
 
 #include <cstdint>
 #include <directfb.h>

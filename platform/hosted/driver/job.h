@@ -13,7 +13,7 @@
 #include <stdint.h>
 
 #include "pen.h"
-#include "rows.h"
+#include "pixels/rows.h"
 
 #ifdef __cplusplus
 extern "C" {

@@ -1,4 +1,4 @@
-#include "words.h"
+#include "options.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 #ifndef ZUVO_POLYGON_SCAN_H
 #define ZUVO_POLYGON_SCAN_H
 
-#include "buffer.h"
-#include "span.h"
+#include "engine/buffer.h"
+#include "engine/span.h"
 
 #include <cstdint>
 

@@ -1,7 +1,7 @@
 #ifndef ZUVO_PARTS_H
 #define ZUVO_PARTS_H
 
-#include "../directfb_part.h"
+#include "directfb_part.h"
 
 namespace zuvo {
 

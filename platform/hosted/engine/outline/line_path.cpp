@@ -1,6 +1,6 @@
 #include "outline_path.h"
 
-#include "../directfb_core.h"
+#include "engine/surface/directfb_core.h"
 #include "geometry/line_walk.h"
 
 #include <algorithm>

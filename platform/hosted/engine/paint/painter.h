@@ -1,7 +1,7 @@
 #ifndef ZUVO_PAINTER_H
 #define ZUVO_PAINTER_H
 
-#include "span.h"
+#include "engine/span.h"
 #include "tiles.h"
 
 namespace zuvo {

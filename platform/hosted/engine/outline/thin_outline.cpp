@@ -1,6 +1,6 @@
 #include "thin_outline.h"
 
-#include "accel/blending.h"
+#include "pixels/blending.h"
 #include "geometry/ellipse_walk.h"
 
 #include <cstdlib>

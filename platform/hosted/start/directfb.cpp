@@ -1,10 +1,10 @@
-#include "accel/accel.h"
-#include "directfb_core.h"
-#include "directfb_part.h"
-#include "engine/parts.h"
+#include "driver/accel.h"
+#include "engine/surface/directfb_core.h"
+#include "engine/surface/directfb_part.h"
+#include "engine/surface/parts.h"
 #include "platform.h"
 #include "window/window.h"
-#include "words.h"
+#include "options.h"
 #include "zuvo.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #ifndef ZUVO_PIXELS_H
 #define ZUVO_PIXELS_H
 
-#include "span.h"
+#include "engine/span.h"
 
 #include <cstddef>
 #include <cstdint>
