@@ -1,12 +1,14 @@
-#ifndef DTK_PEN_LINE_WALK_H
-#define DTK_PEN_LINE_WALK_H
+#ifndef GEOMETRY_LINE_WALK_H
+#define GEOMETRY_LINE_WALK_H
 
 #include <directfb.h>
 
 #include <algorithm>
 #include <cstdint>
 
-namespace dtk {
+/// Bresenham's line algorithm (1965): the major coordinate moves at each step, the minor one when an error, which begins at
+/// half the line's length, reaches the whole.
+namespace geometry {
 
 /// Coordinates, or steps of a line counted from its start, from the first up to and including the last; none when that is
 /// smaller.
@@ -48,11 +50,48 @@ inline bool is_too_long_for_directfb(const DFBPoint& from, const DFBPoint& to)
     return std::max<std::uint64_t>(width, 1) * std::max<std::uint64_t>(height, 1) > 0x7fffffff;
 }
 
-/// The walk along a line: the major coordinate moves at each step, the minor one when an error that begins at half the
-/// line's length reaches the whole.
-///
-/// Where the walk is after any number of steps needs no steps to be taken. Products fit because both lengths are below
-/// 2^32.
+/// Walks along a line of less than 2^30 steps: calls `step(moves_both)` for each pixel after the first.
+template <typename Step>
+void walk_line(int length, int rise, Step&& step)
+{
+    int error = length >> 1;
+    for (int i = 0; i < length; ++i) {
+        // Both outcomes are worked out ahead of the choice between them.
+        const int stays = error + rise;
+        const int crosses = error + (rise - length);
+        error = crosses >= 0 ? crosses : stays;
+        step(crosses >= 0);
+    }
+}
+
+/// floor((start + step * k) / divisor) for growing k, without a division for each.
+class Ratio {
+public:
+    Ratio(std::uint64_t start, std::uint64_t step, std::uint64_t divisor)
+        : value_(start / divisor), rest_(start % divisor), step_(step / divisor), step_rest_(step % divisor),
+          divisor_(divisor)
+    {
+    }
+
+    std::int64_t value() const { return static_cast<std::int64_t>(value_); }
+
+    void advance()
+    {
+        value_ += step_;
+        rest_ += step_rest_;
+        if (rest_ >= divisor_) {
+            ++value_;
+            rest_ -= divisor_;
+        }
+    }
+
+private:
+    std::uint64_t value_, rest_;
+    std::uint64_t step_, step_rest_;
+    std::uint64_t divisor_;
+};
+
+/// Where the walk is after any number of steps, which need not be taken. Products fit because both lengths are below 2^32.
 class LineWalk {
 public:
     LineWalk(const LineAxis& major, const LineAxis& minor)
@@ -64,6 +103,18 @@ public:
     std::int64_t moved(std::int64_t steps) const
     {
         return length_ ? static_cast<std::int64_t>(error(steps) / length_) : 0;
+    }
+
+    /// The same for these and all later steps of a line that is longer than a point.
+    Ratio moved_from(std::int64_t steps) const { return {error(steps), rise_, length_}; }
+
+    /// The first step after which the minor coordinate, which moves, has moved so far.
+    std::int64_t first_step(std::int64_t moves) const { return moves > 0 ? first_steps_from(moves).value() : 0; }
+
+    /// The same for at least one move and all further ones.
+    Ratio first_steps_from(std::int64_t moves) const
+    {
+        return {static_cast<std::uint64_t>(moves) * length_ - length_ / 2 + (rise_ - 1), length_, rise_};
     }
 
     /// The steps after which the minor coordinate has moved as far as this. It does not move farther than it is long.
@@ -78,18 +129,9 @@ public:
 private:
     std::uint64_t error(std::int64_t steps) const { return length_ / 2 + static_cast<std::uint64_t>(steps) * rise_; }
 
-    /// The first step after which the minor coordinate has moved so far.
-    std::int64_t first_step(std::int64_t moves) const
-    {
-        if (moves <= 0)
-            return 0;
-        const std::uint64_t wanted = static_cast<std::uint64_t>(moves) * length_ - length_ / 2;
-        return static_cast<std::int64_t>(wanted / rise_ + (wanted % rise_ != 0));
-    }
-
     std::uint64_t length_, rise_;
 };
 
-} // namespace dtk
+} // namespace geometry
 
 #endif

@@ -38,7 +38,7 @@ check 'test_dtkhd/*.[ch]*' '(test_dtkhd/)?[a-z_]+\.h|toolkit/report\.h|dtkhddvd\
 
 # What needs no runtime, and what the library draws with.
 headers='algorithm|atomic|cassert|cmath|cstddef|cstdint|cstdio|cstdlib|cstring|initializer_list|limits|type_traits|utility'
-foreign='cairo\.h|direct/debug\.h|directfb\.h|sys/time\.h|time\.h'
+foreign='cairo\.h|direct/debug\.h|directfb\.h|stdint\.h|sys/time\.h|time\.h'
 if included brackets src/*/*.cpp src/*/*.h geometry/*.h | grep -Ev "^[^ ]+ ($headers|$foreign)$"; then
     echo "... needs a C++ runtime, or is nothing that the library builds on"
     failures=1

@@ -5,6 +5,7 @@
 #include <core/surface_allocation.h>
 #include <string.h>
 
+#include "geometry/color.h"
 #include "job.h"
 
 /// DirectFB draws rectangles and spans with FillRectangle. Any other function is switched off when a state first asks
@@ -98,11 +99,6 @@ static AccelImage image_of(CoreSurfaceBufferLock *lock)
     return (AccelImage){lock->addr, lock->pitch, config->size.w, config->size.h, DFB_BYTES_PER_PIXEL(config->format)};
 }
 
-static uint32_t pixel_of(const DFBColor *color)
-{
-    return (uint32_t)color->a << 24 | (uint32_t)color->r << 16 | (uint32_t)color->g << 8 | color->b;
-}
-
 static uint32_t fill_colour(const CardState *state)
 {
     switch (state->destination->config.format) {
@@ -111,9 +107,9 @@ static uint32_t fill_colour(const CardState *state)
     case DSPF_A8:
         return state->color.a;
     case DSPF_RGB32:
-        return opaque_bits | pixel_of(&state->color);
+        return opaque_bits | color_word(state->color);
     default:
-        return pixel_of(&state->color);
+        return color_word(state->color);
     }
 }
 
@@ -127,7 +123,7 @@ static void take_palette(AccelPalette *palette, const DFBColor *entries, uint32_
     palette->transparent = transparent;
     memcpy(palette->entries, entries, sizeof(palette->entries));
     for (size_t i = 0; i < D_ARRAY_SIZE(palette->pixels); ++i)
-        palette->pixels[i] = set_bits | pixel_of(&entries[i]);
+        palette->pixels[i] = set_bits | color_word(entries[i]);
     if (transparent >= 0)
         palette->pixels[transparent] = 0;
 }

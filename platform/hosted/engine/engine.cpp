@@ -1,8 +1,9 @@
 #include "engine.h"
 
-#include "start/platform.h"
-#include "start/options.h"
 #include "engine/surface/surface.h"
+#include "geometry/color.h"
+#include "start/options.h"
+#include "start/platform.h"
 
 #include <cstring>
 
@@ -79,7 +80,7 @@ int zuvo_dtk_set_fill_color(unsigned int dtk, u8 r, u8 g, u8 b, u8 a)
         return ZUVO_NO_SUCH_ENGINE;
 
     engine.fill = zuvo::Fill::colour;
-    engine.fill_colour = uint32_t(a) << 24 | uint32_t(r) << 16 | uint32_t(g) << 8 | b;
+    engine.fill_colour = geometry::color_word({a, r, g, b});
     return ZUVO_OK;
 }
 

@@ -4,6 +4,7 @@
 #include "engine/fill/ellipse_rows.h"
 #include "engine/surface/surface.h"
 #include "engine/outline/thin_outline.h"
+#include "geometry/box.h"
 
 using zuvo::engine;
 using zuvo::Extent;
@@ -66,7 +67,7 @@ bool draw_rectangle(Painter& painter, const DFBRectangle& rect)
 
 bool draw_ellipse(Painter& painter, const DFBRectangle& rect)
 {
-    const DFBRectangle box = engine.pen_rows.is_single_pixel ? zuvo::inner_box(rect) : rect;
+    const DFBRectangle box = engine.pen_rows.is_single_pixel ? geometry::inner_box(rect) : rect;
     if (engine.pen_rows.covers_one_pixel()) {
         const DFBPoint corner = pixel_at({box.x, box.y});
         if (zuvo::draw_thin_ellipse(painter, {corner.x, corner.y, box.w, box.h}))

@@ -1,6 +1,6 @@
 #include "ellipse_rows.h"
 
-#include "geometry/ellipse_walk.h"
+#include "geometry/ellipse_filler.h"
 
 #include <algorithm>
 
@@ -29,6 +29,14 @@ public:
         return true;
     }
 
+    /// The same columns of two rows.
+    void add_mirrored(long long lower, long long upper, long long left, long long right)
+    {
+        const Span span = {static_cast<int>(left), static_cast<int>(right)};
+        add(static_cast<int>(lower), span);
+        add(static_cast<int>(upper), span);
+    }
+
     void add(int row, Span span)
     {
         if (row < top_ || row >= bottom_ || is_empty(span))
@@ -37,10 +45,10 @@ public:
         kept = {std::min(kept.left, span.left), std::max(kept.right, span.right)};
     }
 
-    void add_block(int top, int bottom, Span span)
+    void add_block(const DFBRegion& block)
     {
-        for (int row = std::max(top, top_); row < std::min(bottom, bottom_); ++row)
-            add(row, span);
+        for (int row = std::max(block.y1, top_); row < std::min(block.y2, bottom_); ++row)
+            add(row, {block.x1, block.x2});
     }
 
     void give(RowSink& sink)
@@ -58,91 +66,40 @@ private:
     int width_, top_, bottom_;
 };
 
-/// Enters a filled ellipse into rows, from the walk over a quarter of its outline that the software back end takes.
-///
-/// Where the outline is flat a row is as wide as the outline is where it enters the row. Where it is steep a row has a
-/// part on each side of the block, which is as wide as the outline is where it becomes steep.
-class EllipseFill {
-public:
-    EllipseFill(FilledRows& rows, const DFBRectangle& box) : rows_(rows), box_(box) {}
-
-    void enter()
-    {
-        const long long height = box_.h + 1LL;
-        dtk::walk_quarter({box_.w, height, height},
-                          [this](long long x, long long rows, bool turned) { enter_cap(x, rows, turned); },
-                          [this](long long x, long long rows) { enter_sides(x, rows); });
-
-        const int top = static_cast<int>(box_.y + block_rows_);
-        const Span block = {column(block_), column(block_) + static_cast<int>(2 * block_)};
-        rows_.add_block(top, top + static_cast<int>(height - 2 * block_rows_), block);
-    }
-
-private:
-    void enter_cap(long long x, long long rows, bool turned)
-    {
-        block_ = x;
-        block_rows_ = rows;
-        if (turned)
-            add_mirrored(rows, {column(x), column(x) + static_cast<int>(2 * x)});
-    }
-
-    void enter_sides(long long x, long long rows)
-    {
-        if (x > block_)
-            add_mirrored(rows, {column(x), column(-block_) + static_cast<int>(x - block_)});
-    }
-
-    void add_mirrored(long long rows, Span span)
-    {
-        rows_.add(static_cast<int>(box_.y + box_.h - rows), span);
-        rows_.add(static_cast<int>(box_.y - 1 + rows), span);
-    }
-
-    /// The column at the distance x left of the centre, cut towards zero: what lies left of column 0 may differ from
-    /// what would be the same shape further right.
-    int column(long long x) const { return static_cast<int>((2LL * box_.x + box_.w - 2 * x) / 2); }
-
-    FilledRows& rows_;
-    DFBRectangle box_;
-    long long block_ = 0;           ///< Half the width of the block.
-    long long block_rows_ = 0;      ///< How many rows of each half lie beyond it.
-};
-
-/// The same where nothing is cut off, around column 0: every row is as wide to the left of the middle as to its right, and
-/// the last span that is entered into a row is the widest.
+/// The rows of a filled ellipse of which nothing is cut off, around column 0: each is as wide to the left of the middle as
+/// to its right, and the last span that is entered into a row is the widest.
 class WholeEllipseFill {
 public:
     /// @p rows has room for each row from one above the box to one below it.
-    WholeEllipseFill(Span* rows, int width, int height) : rows_(rows), width_(width), height_(height + 1) {}
+    WholeEllipseFill(Span* rows, int width, int height) : rows_(rows), width_(width), height_(height) {}
 
     /// Returns how far the rows reach to each side; beyond everything when this is no such ellipse.
     int enter()
     {
-        int block = 0, block_rows = 0, reach = 0;
-        rows_[height_] = {0, 0};
-        dtk::walk_quarter(
-            {width_, height_, height_},
-            [&](long long x, long long rows, bool turned) {
-                reach = block = static_cast<int>(x);
-                block_rows = static_cast<int>(rows);
+        int reach = 0;
+        rows_[height_ + 1] = {0, 0};
+        const auto [block, block_rows] = geometry::walk_quarter(
+            geometry::filled_quarter(width_, height_),
+            [this](long long x, long long rows, bool turned) {
                 if (turned)
-                    enter_mirrored(block_rows, block);
+                    enter_mirrored(rows, x);
             },
-            [&](long long x, long long rows) {
+            [&](long long x, long long rows, long long) {
                 reach = static_cast<int>(x);
-                enter_mirrored(static_cast<int>(rows), reach);
+                enter_mirrored(rows, x);
             });
-        if (2 * block_rows + 1 < height_)
-            rows_[height_ - block_rows] = {-block, block};
-        return 2 * block_rows + 1 != height_ ? reach : far_away;
+        const int half_width = static_cast<int>(block);
+        if (2 * block_rows < height_)
+            rows_[height_ + 1 - block_rows] = {-half_width, half_width};
+        return 2 * block_rows != height_ ? std::max(reach, half_width) : far_away;
     }
 
 private:
-    void enter_mirrored(int rows, int x)
+    void enter_mirrored(long long rows, long long x)
     {
-        rows_[rows] = {-x, x};
-        rows_[height_ - rows] = {-x, x};
+        const Span span = {static_cast<int>(-x), static_cast<int>(x)};
+        rows_[rows] = span;
+        rows_[height_ + 1 - rows] = span;
     }
 
     Span* rows_;
@@ -200,12 +157,21 @@ void add_huge_fill(FilledRows& rows, const DFBRectangle& rect)
     }
 }
 
-} // namespace
-
-DFBRectangle inner_box(const DFBRectangle& rect)
+/// What lies between the sides of a row is the block, which touches them.
+void add_fill(FilledRows& rows, const DFBRectangle& rect)
 {
-    return {rect.x + 1, rect.y + 1, rect.w - 2, rect.h - 2};
+    using Number = long long;
+    const DFBRegion block = geometry::EllipseFiller(rect).fill(
+        [&rows](Number lower, Number upper, Number left, Number width) {
+            rows.add_mirrored(lower, upper, left, left + width);
+        },
+        [&rows](Number lower, Number upper, Number left, Number right, Number width) {
+            rows.add_mirrored(lower, upper, left, right + width);
+        });
+    rows.add_block(block);
 }
+
+} // namespace
 
 bool has_no_inside(const DFBRectangle& rect)
 {
@@ -234,7 +200,7 @@ bool fill_cut_ellipse(Buffer<Span>& buffer, Extent extent, const DFBRectangle& r
     if (is_huge(rect))
         add_huge_fill(rows, rect);
     else
-        EllipseFill(rows, rect).enter();
+        add_fill(rows, rect);
     rows.give(sink);
     return true;
 }

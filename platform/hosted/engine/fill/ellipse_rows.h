@@ -9,9 +9,6 @@
 
 namespace zuvo {
 
-/// The box one pixel inside of @p rect: where the software back end draws plain fills and outlines one pixel wide.
-DFBRectangle inner_box(const DFBRectangle& rect);
-
 /// Whether an ellipse's box is so small that it has no inner box. What is filled can then lie beside the box; the
 /// software back end, when it blends, blends the box only.
 bool has_no_inside(const DFBRectangle& rect);

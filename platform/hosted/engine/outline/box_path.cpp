@@ -52,7 +52,7 @@ bool walk_quarter(RowPath& path, Buffer<int>& memory, const DFBRectangle& rect)
     const Quarter quarter = {memory.items, memory.items + height, height};
     std::fill_n(quarter.first, height, far_away);
 
-    dtk::walk_ellipse(
+    geometry::walk_ellipse(
         rect, 1, [&quarter](int pole) { quarter.add(0, pole); }, [&quarter](int x, int y) { quarter.add(x, y); });
     add_quarters(path, quarter, rect.x + rect.w / 2, rect.y + rect.h / 2);
     return true;

@@ -2,9 +2,8 @@
 
 #include "parts.h"
 
+#include "geometry/box.h"
 #include "zuvo.h"
-
-#include <algorithm>
 
 namespace zuvo {
 namespace {
@@ -26,13 +25,6 @@ int to_error(DirectFBCoreAnswer answer)
     }
 }
 
-/// What lies in both rectangles; without width or height where nothing does.
-DFBRectangle common(const DFBRectangle& one, const DFBRectangle& other)
-{
-    const int x = std::max(one.x, other.x), y = std::max(one.y, other.y);
-    return {x, y, std::min(one.x + one.w, other.x + other.w) - x, std::min(one.y + one.h, other.y + other.h) - y};
-}
-
 } // namespace
 
 bool share_pixels(unsigned int one, unsigned int other)
@@ -42,7 +34,7 @@ bool share_pixels(unsigned int one, unsigned int other)
         return false;
     if (!names_part(one) || !names_part(other))
         return true;
-    const DFBRectangle both = common(find_part(one)->granted, find_part(other)->granted);
+    const DFBRectangle both = geometry::intersection(find_part(one)->granted, find_part(other)->granted);
     return both.w > 0 && both.h > 0;
 }
 
@@ -76,7 +68,7 @@ int OpenSurface::open(unsigned int handle)
 
 int OpenSurface::cut(const DirectFBPart& part)
 {
-    const DFBRectangle inside = common(part.granted, {0, 0, pixels_.extent.width, pixels_.extent.height});
+    const DFBRectangle inside = geometry::intersection(part.granted, {0, 0, pixels_.extent.width, pixels_.extent.height});
     origin_ = {part.wanted.x - inside.x, part.wanted.y - inside.y};
     pixels_.words = pixels_.row(inside.y) + inside.x;
     pixels_.extent = {inside.w, inside.h};
