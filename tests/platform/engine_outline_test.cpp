@@ -1,5 +1,5 @@
 // Outlines that are drawn straight, held against the same outlines swept along a path.
-#include "engine/fill/box.h"
+#include "engine/outline/box_border.h"
 #include "engine/outline/sweep.h"
 #include "engine/outline/thin_outline.h"
 #include "platform/engine_coverage.h"

@@ -1,6 +1,7 @@
 #include "engine.h"
 
 #include "engine/fill/box.h"
+#include "engine/outline/box_border.h"
 #include "engine/fill/ellipse_rows.h"
 #include "engine/surface/surface.h"
 #include "engine/outline/thin_outline.h"

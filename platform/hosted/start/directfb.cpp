@@ -1,10 +1,8 @@
+#include "directfb_start.h"
 #include "driver/accel.h"
-#include "engine/surface/directfb_core.h"
-#include "engine/surface/directfb_part.h"
-#include "engine/surface/parts.h"
+#include "options.h"
 #include "platform.h"
 #include "window/window.h"
-#include "options.h"
 #include "zuvo.h"
 
 namespace {
@@ -25,20 +23,20 @@ IDirectFB* zuvo_dfb_ext_open_with_params(unsigned int, int* argc, char*** argv)
     if (DirectFBInit(argc, argv) != DFB_OK)
         return nullptr;
     const zuvo::DisplayFormat& format = *zuvo::wishes().format;
-    directfb_core_complete_options(format.width, format.height, window_is_wanted());
+    directfb_complete_options(format.width, format.height, window_is_wanted());
     if (zuvo::wishes().accel)
         accel_register();
 
     IDirectFB* dfb = nullptr;
     if (DirectFBCreate(&dfb) != DFB_OK)
         return nullptr;
-    directfb_core_note_start();
+    directfb_note_start();
     return dfb;
 }
 
 void zuvo_dfb_ext_close(void)
 {
-    directfb_core_await_end();
+    directfb_await_end();
 }
 
 unsigned int zuvo_dfb_ext_layer_open(unsigned int layer)
@@ -56,16 +54,4 @@ int zuvo_dfb_ext_layer_get(unsigned int layer, zuvo_dfb_ext_layer_settings* sett
     *settings = {};
     settings->layer_id = directfb_layer_id;
     return ZUVO_OK;
-}
-
-DFBResult zuvo_dtk_get_part_handle(IDirectFBSurface* surface, unsigned int* ret_handle)
-{
-    DirectFBPart part;
-    if (!directfb_get_part(surface, &part))
-        return DFB_UNSUPPORTED;
-    const unsigned int handle = zuvo::handle_of_part(part);
-    if (!handle)
-        return DFB_NOSYSTEMMEMORY;
-    *ret_handle = handle;
-    return DFB_OK;
 }

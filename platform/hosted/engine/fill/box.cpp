@@ -28,14 +28,8 @@ void give_box(const Box& box, Extent extent, RowSink& sink)
     give_rows(cut(box.top, box.bottom, extent.height), &span, 1, sink);
 }
 
-void give_border(const DFBRectangle& rect, const PenRows& pen, Extent extent, RowSink& sink)
+void give_frame(const Box& outer, const Box& inner, Extent extent, RowSink& sink)
 {
-    const Span span = pen.part(0, 0);
-    const int64_t first_row = int64_t(rect.y) + pen.top, last_row = first_row + rect.h - 1;
-    const Box outer = {int64_t(rect.x) + span.left, first_row, int64_t(rect.x) + rect.w - 1 + span.right,
-                       last_row + pen.row_count};
-    const Box inner = {int64_t(rect.x) + span.right, first_row + pen.row_count,
-                       int64_t(rect.x) + rect.w - 1 + span.left, last_row};
     if (inner.left >= inner.right || inner.top >= inner.bottom)
         return give_box(outer, extent, sink);
 

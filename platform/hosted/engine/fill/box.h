@@ -1,7 +1,6 @@
 #ifndef ZUVO_BOX_H
 #define ZUVO_BOX_H
 
-#include "engine/outline/pen_rows.h"
 #include "engine/span.h"
 
 #include <cstdint>
@@ -23,9 +22,8 @@ inline bool is_empty(const DFBRectangle& rect)
 /// Gives @p sink what of a box lies inside the extent.
 void give_box(const Box& box, Extent extent, RowSink& sink);
 
-/// Gives @p sink, once, every pixel that a pen whose rows are all the same covers on the border of a box, which has at
-/// least one pixel.
-void give_border(const DFBRectangle& rect, const PenRows& pen, Extent extent, RowSink& sink);
+/// Gives @p sink what of the outer box lies inside the extent and outside the inner box, which may have no pixels.
+void give_frame(const Box& outer, const Box& inner, Extent extent, RowSink& sink);
 
 } // namespace zuvo
 

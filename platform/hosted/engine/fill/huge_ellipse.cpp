@@ -29,20 +29,6 @@ bool is_huge(const DFBRectangle& rect)
              && is_within(rect.h, walk_limit));
 }
 
-void add_huge_outline(RowPath& path, const DFBRectangle& rect)
-{
-    for (int row = path.top; row < path.bottom; ++row) {
-        const Span here = huge_span(rect, row);
-        const Span outer = huge_span(rect, row < rect.y + rect.h / 2 ? row - 1 : row + 1);
-        if (here.left >= here.right)
-            continue;
-        const bool is_pole = outer.left >= outer.right;
-        const int middle = here.left + (here.right - here.left) / 2;
-        path.add_run(0, row, here.left, is_pole ? middle : outer.left);
-        path.add_run(1, row, is_pole ? middle : outer.right - 1, here.right - 1);
-    }
-}
-
 Span huge_span(const DFBRectangle& rect, int row)
 {
     if (rect.w <= 0 || rect.h <= 0)

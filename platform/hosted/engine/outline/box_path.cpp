@@ -1,6 +1,6 @@
 #include "outline_path.h"
 
-#include "engine/fill/ellipse_rows.h"
+#include "engine/fill/huge_ellipse.h"
 #include "geometry/ellipse_walk.h"
 
 #include <algorithm>
@@ -56,6 +56,21 @@ bool walk_quarter(RowPath& path, Buffer<int>& memory, const DFBRectangle& rect)
         rect, 1, [&quarter](int pole) { quarter.add(0, pole); }, [&quarter](int x, int y) { quarter.add(x, y); });
     add_quarters(path, quarter, rect.x + rect.w / 2, rect.y + rect.h / 2);
     return true;
+}
+
+/// Adds the outline of a huge ellipse on the rows that the path keeps.
+void add_huge_outline(RowPath& path, const DFBRectangle& rect)
+{
+    for (int row = path.top; row < path.bottom; ++row) {
+        const Span here = huge_span(rect, row);
+        const Span outer = huge_span(rect, row < rect.y + rect.h / 2 ? row - 1 : row + 1);
+        if (here.left >= here.right)
+            continue;
+        const bool is_pole = outer.left >= outer.right;
+        const int middle = here.left + (here.right - here.left) / 2;
+        path.add_run(left_chain, row, here.left, is_pole ? middle : outer.left);
+        path.add_run(right_chain, row, is_pole ? middle : outer.right - 1, here.right - 1);
+    }
 }
 
 /// An ellipse of negative height is its two poles, if it is not walked at all.

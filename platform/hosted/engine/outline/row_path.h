@@ -2,19 +2,9 @@
 #define ZUVO_ROW_PATH_H
 
 #include "engine/buffer.h"
-
-#include <algorithm>
-#include <cstdint>
+#include "engine/span.h"
 
 namespace zuvo {
-
-/// Beyond every surface and pen; coordinates are cut to it.
-const int far_away = 1 << 28;
-
-inline int cut_to_far(int64_t coordinate)
-{
-    return static_cast<int>(std::clamp(coordinate, int64_t(-far_away), int64_t(far_away)));
-}
 
 /// The points that a pen visits, as one or two chains that hold one run of neighbouring points a row.
 ///

@@ -1,8 +1,6 @@
 #include "directfb_core.h"
 
 #include <assert.h>
-#include <stdio.h>
-#include <stdlib.h>
 
 #include <core/core.h>
 #include <core/surface.h>
@@ -11,53 +9,7 @@
 
 #include "directfb_hold.h"
 #include "directfb_surfaces.h"
-#include "start/directfb_system.h"
 #include "directfb_variant.h"
-
-static void complete_layer(DFBDisplayLayerConfig *layer)
-{
-    if (layer->flags & DLCONF_BUFFERMODE)
-        return;
-    layer->flags |= DLCONF_BUFFERMODE;
-    layer->buffermode = DIRECTFB_LAYER_BUFFERS;
-}
-
-/** The window goes by the name of DirectFB's x11 system, which DirectFB chooses wherever DISPLAY is set, even to nothing. */
-static void complete_system(bool has_window)
-{
-    if (!dfb_config->system && has_window)
-        DirectFBSetOption("system", "x11");
-    if (!dfb_config->system || (directfb_system_is("x11") && !has_window)) {
-        DirectFBSetOption("system", "dummy");
-        DirectFBSetOption("quiet", NULL);
-        DirectFBSetOption("no-cursor", NULL);
-    }
-}
-
-/**
- * DirectFB's handling of signals gives a console back. Where there is none it blocks SIGPIPE, so that a program whose reader
- * has ended would draw for ever, and crashes on Ctrl-C.
- */
-static void leave_signals_alone(void)
-{
-    DirectFBSetOption("no-sighandler", NULL);
-}
-
-void directfb_core_complete_options(int width, int height, bool has_window)
-{
-    complete_system(has_window);
-
-    if (directfb_system_is_soft()) {
-        complete_layer(&dfb_config->layers[DLID_PRIMARY].config);
-        leave_signals_alone();
-    }
-
-    if (!dfb_config->mode.width) {
-        char mode[32];
-        snprintf(mode, sizeof(mode), "%dx%d", width, height);
-        DirectFBSetOption("mode", mode);
-    }
-}
 
 static struct {
     CoreSurface *surface;
@@ -72,7 +24,7 @@ static DFBSurfacePixelFormat format_of(const CoreSurface *surface)
 }
 
 /** Every operation asks this first. */
-DirectFBCoreAnswer directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelFormat *ret_format)
+DirectFBCoreResult directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelFormat *ret_format)
 {
     const CoreSurface *surface = directfb_surfaces_begin_use(id);
 
@@ -84,7 +36,7 @@ DirectFBCoreAnswer directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelForm
 }
 
 /** Locks a surface's back buffer in DirectFB's way. */
-static DirectFBCoreAnswer lock_back_buffer(DirectFBCoreUse use, DFBSurfaceID id)
+static DirectFBCoreResult lock_back_buffer(DirectFBCoreUse use, DFBSurfaceID id)
 {
     const CoreSurfaceAccessFlags access = use == DIRECTFB_CORE_PATTERN ? CSAF_READ : CSAF_READ | CSAF_WRITE;
     CoreSurface *surface;
@@ -108,14 +60,14 @@ static DirectFBCorePixels pixels_of(DirectFBCoreUse use)
                                  format_of(surface)};
 }
 
-DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, DirectFBCorePixels *ret_pixels)
+DirectFBCoreResult directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, DirectFBCorePixels *ret_pixels)
 {
     assert(!opened[use].surface); /* Two threads draw with the engine otherwise. */
     if (use == DIRECTFB_CORE_ONLY_TARGET)
         opened[use].surface = directfb_hold(id, &opened[use].lock);
     opened[use].is_held = opened[use].surface;
     if (!opened[use].is_held) {
-        const DirectFBCoreAnswer answer = lock_back_buffer(use, id);
+        const DirectFBCoreResult answer = lock_back_buffer(use, id);
         if (answer != DIRECTFB_CORE_OK)
             return answer;
     }
@@ -138,41 +90,6 @@ void directfb_core_forget_surfaces(void)
 {
     directfb_surfaces_forget();
 }
-
-/* DirectFB 1.7 never joins the thread that hands out Fusion's messages, and it is not told to the outside. DirectFB2 does
- * both by itself and does not have the header. */
-#if __has_include(<fusion/fusion_internal.h>)
-
-#include <direct/thread.h>
-#include <fusion/fusion_internal.h>
-
-static DirectThread *dispatcher;
-
-void directfb_core_note_start(void)
-{
-    dispatcher = core_dfb ? core_dfb->world->event_dispatcher_thread : NULL;
-}
-
-void directfb_core_await_end(void)
-{
-    if (!dispatcher || core_dfb)
-        return;
-    direct_thread_join(dispatcher);
-    direct_thread_destroy(dispatcher);
-    dispatcher = NULL;
-}
-
-#else
-
-void directfb_core_note_start(void)
-{
-}
-
-void directfb_core_await_end(void)
-{
-}
-
-#endif
 
 bool directfb_core_clip_line(const DFBRegion *clip, DFBRegion *line)
 {

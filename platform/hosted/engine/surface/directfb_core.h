@@ -1,6 +1,6 @@
 /**
  * @file directfb_core.h
- * What the platform needs of DirectFB's inside. Its internal headers are C only, so this is where they stay.
+ * What the engine needs of DirectFB's inside, whose headers are C only: a surface's memory, and how a line is clipped.
  */
 #ifndef ZUVO_DIRECTFB_CORE_H
 #define ZUVO_DIRECTFB_CORE_H
@@ -12,23 +12,6 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
-
-/**
- * Completes DirectFB's options between DirectFBInit and DirectFBCreate: where there is nothing to show pictures on,
- * they are drawn into memory only, quietly and without a cursor; where nothing says a size, it is @p width x @p height.
- *
- * @param has_window Whether there is a display for a window.
- */
-void directfb_core_complete_options(int width, int height, bool has_window);
-
-/** To be called when DirectFB has started. */
-void directfb_core_note_start(void);
-
-/**
- * Waits until a DirectFB that has come to its end since it was started has ended its last thread: a new start would meet
- * it. Returns at once while DirectFB is running.
- */
-void directfb_core_await_end(void);
 
 /** What a surface is opened for: each is open at most once at a time. */
 typedef enum DirectFBCoreUse {
@@ -47,17 +30,17 @@ typedef struct DirectFBCorePixels {
 } DirectFBCorePixels;
 
 /** What became of a surface that was asked for. */
-typedef enum DirectFBCoreAnswer {
+typedef enum DirectFBCoreResult {
     DIRECTFB_CORE_OK,
     DIRECTFB_CORE_UNKNOWN,          /**< There is none of that id, it was released, or DirectFB is not running. */
     DIRECTFB_CORE_NOT_LOCKED
-} DirectFBCoreAnswer;
+} DirectFBCoreResult;
 
 /** Tells the pixel format of the surface @p id. */
-DirectFBCoreAnswer directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelFormat *ret_format);
+DirectFBCoreResult directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelFormat *ret_format);
 
 /** Finds the surface @p id and locks its back buffer; close it after success only. */
-DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, DirectFBCorePixels *ret_pixels);
+DirectFBCoreResult directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, DirectFBCorePixels *ret_pixels);
 
 /** Unlocks the surface again and lets it go. */
 void directfb_core_close(DirectFBCoreUse use);

@@ -2,6 +2,7 @@
 
 #include "directfb_core.h"
 #include "engine/buffer.h"
+#include "zuvo.h"
 
 #include <cstdint>
 
@@ -119,3 +120,15 @@ DFBSurfaceID surface_of_part(unsigned int handle)
 }
 
 } // namespace zuvo
+
+DFBResult zuvo_dtk_get_part_handle(IDirectFBSurface* surface, unsigned int* ret_handle)
+{
+    DirectFBPart part;
+    if (!directfb_get_part(surface, &part))
+        return DFB_UNSUPPORTED;
+    const unsigned int handle = zuvo::handle_of_part(part);
+    if (!handle)
+        return DFB_NOSYSTEMMEMORY;
+    *ret_handle = handle;
+    return DFB_OK;
+}

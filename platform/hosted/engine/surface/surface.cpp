@@ -13,7 +13,7 @@ bool is_usable(DFBSurfacePixelFormat format)
     return format == DSPF_ARGB || format == DSPF_RGB32;
 }
 
-int to_error(DirectFBCoreAnswer answer)
+int to_error(DirectFBCoreResult answer)
 {
     switch (answer) {
     case DIRECTFB_CORE_OK:

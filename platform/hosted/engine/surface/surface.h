@@ -3,7 +3,7 @@
 
 #include "directfb_core.h"
 #include "directfb_part.h"
-#include "engine/paint/painter.h"
+#include "engine/paint/pixels.h"
 
 #include <climits>
 
