@@ -4,6 +4,7 @@
 #include "engine/fill/box_clip.h"
 #include "engine/fill/ellipse_arc.h"
 #include "engine/fill/ellipse_rows.h"
+#include "engine/paint/painter.h"
 #include "engine/surface/surface.h"
 #include "geometry/box.h"
 

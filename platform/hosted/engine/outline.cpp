@@ -3,6 +3,7 @@
 #include "engine/fill/box.h"
 #include "engine/outline/box_border.h"
 #include "engine/fill/ellipse_rows.h"
+#include "engine/paint/painter.h"
 #include "engine/surface/surface.h"
 #include "engine/outline/thin_outline.h"
 #include "geometry/box.h"
