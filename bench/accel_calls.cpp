@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "accel.h"
+#include "driver/accel.h"
 
 namespace {
 

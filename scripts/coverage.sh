@@ -1,7 +1,7 @@
 #!/bin/sh
-# coverage.sh: how much of src/ the unit tests, those on real DirectFB and the one of the debug domain run through, in
-# lines and branches. A summary goes to standard output, the pages to build/coverage/report. Anything less than all is a
-# failure.
+# coverage.sh: how much of src/ and geometry/ the unit tests, those on real DirectFB and the one of the debug domain run
+# through, in lines and branches. A summary goes to standard output, the pages to build/coverage/report. Anything less than
+# all is a failure.
 set -eu
 . "$(dirname "$0")/common.sh"
 
@@ -29,7 +29,7 @@ done
 
 # The library, and its sources that the unit tests compile in.
 mkdir -p "$directory/report"
-gcovr --root "$root" --filter "$root/src/" --object-directory "$directory" --exclude-unreachable-branches \
-    --exclude-throw-branches --txt --print-summary --html-details "$directory/report/index.html" \
+gcovr --root "$root" --filter "$root/src/" --filter "$root/geometry/" --object-directory "$directory" \
+    --exclude-unreachable-branches --exclude-throw-branches --txt --print-summary --html-details "$directory/report/index.html" \
     --fail-under-line 100 --fail-under-branch 100 "$directory/src" "$directory/tests/unit" ||
     fail "not everything is run through: open $directory/report/index.html"

@@ -1,5 +1,7 @@
 #include "hardware/engine.h"
 
+#include "geometry/color.h"
+
 #include <cstdio>
 
 namespace dtk {
@@ -61,7 +63,7 @@ void load_pen(const DTKHDDVD_data& toolkit, EngineErrors& errors)
     const DTKHDDVDPenShape* shape = nullptr;
     DTKHDDVDPen_GetShape(toolkit.pen, &shape);
     const zuvo_dtk_pen pen = {shape->x0, shape->y0, shape->x1, shape->y1, shape->x2,
-                              shape->y2, shape->x3, shape->y3, color_word(toolkit.palette[stroke_index])};
+                              shape->y2, shape->x3, shape->y3, geometry::color_word(toolkit.palette[stroke_index])};
     errors.check(errors.messages().set_pen, zuvo_dtk_set_pen(toolkit.dtk, &pen));
 }
 

@@ -2,7 +2,7 @@
 #define DTK_PEN_BATCH_H
 
 #include "dtkhddvd.h"
-#include "pen/line_walk.h"
+#include "geometry/line_walk.h"
 
 #include <cstddef>
 
@@ -35,8 +35,8 @@ public:
 
     /// The coordinates of points whose stamps may be seen: no surface reaches as far as a stamp that begins further away
     /// from its corner than this, and none is queued there.
-    Range near_columns() const { return {start_.half_width - reach, start_.half_width + reach}; }
-    Range near_rows() const { return {start_.half_height - reach, start_.half_height + reach}; }
+    geometry::Range near_columns() const { return {start_.half_width - reach, start_.half_width + reach}; }
+    geometry::Range near_rows() const { return {start_.half_height - reach, start_.half_height + reach}; }
 
     /// Whether all points between two corners have such stamps.
     bool is_near(long long left, long long top, long long right, long long bottom) const

@@ -3,39 +3,11 @@
 #include <algorithm>
 
 using namespace dtk;
+using geometry::LineAxis;
+using geometry::LineWalk;
+using geometry::Range;
 
 namespace {
-
-int sign(int value)
-{
-    return (value > 0) - (value < 0);
-}
-
-/// One coordinate of the walk: how far it has to go, and in which direction.
-struct Axis {
-    int length;
-    int step;
-};
-
-Axis axis(int from, int to)
-{
-    const int distance = to - from;
-    return {distance < 0 ? -distance : distance, sign(distance)};
-}
-
-/// Calls `advance(major_step, minor_step)` once for every pixel after the first.
-template <typename Advance>
-void walk(const Axis& major, const Axis& minor, Advance&& advance)
-{
-    int error = major.length >> 1;
-    for (int i = 0; i < major.length; ++i) {
-        // Both outcomes are worked out ahead of the choice between them.
-        const int stays = error + minor.length;
-        const int crosses = error + (minor.length - major.length);
-        error = crosses >= 0 ? crosses : stays;
-        advance(major.step, crosses >= 0 ? minor.step : 0);
-    }
-}
 
 /// Calls `visit(major, minor)` for the points of a line whose coordinates lie in these ranges.
 template <typename Visit>
@@ -63,15 +35,14 @@ DFBResult stamp_far_line(const LineAxis& horizontal, const LineAxis& vertical, S
 DFBResult stamp_line(IDirectFBSurface* dest, int x1, int y1, int x2, int y2, IDirectFBSurface* pen_surface)
 {
     StampBatch batch(dest, pen_surface);
+    const LineAxis horizontal(x1, x2), vertical(y1, y2);
     const auto [left, right] = std::minmax(x1, x2);
     const auto [top, bottom] = std::minmax(y1, y2);
     if (!batch.is_near(left, top, right, bottom))
-        return stamp_far_line({x1, x2}, {y1, y2}, batch);
+        return stamp_far_line(horizontal, vertical, batch);
 
-    const Axis horizontal = axis(x1, x2);
-    const Axis vertical = axis(y1, y2);
+    const int width = static_cast<int>(horizontal.length), height = static_cast<int>(vertical.length);
     int x = x1, y = y1;
-
     const auto stamp_after = [&](int step_x, int step_y) {
         x += step_x;
         y += step_y;
@@ -79,9 +50,11 @@ DFBResult stamp_line(IDirectFBSurface* dest, int x1, int y1, int x2, int y2, IDi
     };
 
     batch.add(x, y);
-    if (horizontal.length < vertical.length)
-        walk(vertical, horizontal, [&](int major, int minor) { stamp_after(minor, major); });
+    if (width < height)
+        geometry::walk_line(height, width,
+                            [&](bool moves_both) { stamp_after(moves_both ? horizontal.step : 0, vertical.step); });
     else
-        walk(horizontal, vertical, [&](int major, int minor) { stamp_after(major, minor); });
+        geometry::walk_line(width, height,
+                            [&](bool moves_both) { stamp_after(horizontal.step, moves_both ? vertical.step : 0); });
     return batch.finish();
 }

@@ -6,8 +6,8 @@ namespace {
 DFBResult stamp_far_rectangle(const DFBRectangle& rect, dtk::StampBatch& batch)
 {
     const long long left = rect.x, right = left + rect.w - 1, top = rect.y, bottom = top + rect.h - 1;
-    const dtk::Range columns = intersect(batch.near_columns(), {left, right});
-    const dtk::Range rows = intersect(batch.near_rows(), {top, bottom});
+    const geometry::Range columns = intersect(batch.near_columns(), {left, right});
+    const geometry::Range rows = intersect(batch.near_rows(), {top, bottom});
 
     for (long long column = columns.first; column <= columns.last; ++column) {
         batch.add_if_near(column, top);

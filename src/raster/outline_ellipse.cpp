@@ -1,6 +1,7 @@
 #include "raster/outline_ellipse.h"
 
-#include "raster/ellipse_walk.h"
+#include "geometry/box.h"
+#include "geometry/ellipse_walk.h"
 #include "toolkit/result.h"
 
 #include <cstddef>
@@ -60,7 +61,7 @@ private:
 void store_within(const Limits& limits, const CentredPixels& pixels, const DFBRectangle& box, u32 color)
 {
     const auto store = [&](int x, int y) { pixels.store_within(limits, x, y, color); };
-    walk_ellipse(box, 1, [&](int pole) { store(0, pole); }, store);
+    geometry::walk_ellipse(box, 1, [&](int pole) { store(0, pole); }, store);
 }
 
 void store_all(const CentredPixels& pixels, const DFBRectangle& box, u32 color)
@@ -74,7 +75,7 @@ void store_all(const CentredPixels& pixels, const DFBRectangle& box, u32 color)
         lower[-x] = color;
         upper[-x] = color;
     };
-    walk_ellipse(box, pixels.row_size(), [&](std::ptrdiff_t pole) { store(0, pole); }, store);
+    geometry::walk_ellipse(box, pixels.row_size(), [&](std::ptrdiff_t pole) { store(0, pole); }, store);
 }
 
 /// Stores the whole outline, or what of it lies within the limits.
@@ -107,26 +108,12 @@ DFBResult outline_ellipse(IDirectFBSurface* dest, const DFBRectangle& rect, cons
     return result::ok;
 }
 
-/// Whether the pixels from the middle of a length as far as its half to both sides, and `excess` more, lie from 0 up to
-/// `size`.
-bool fits(int origin, int length, int excess, int size)
-{
-    return length >= 0 && origin >= excess && origin + 2LL * (length / 2) + excess < size;
-}
-
-/// Whether all pixels of the outline lie inside a surface of this size.
-bool is_inside(const DFBRectangle& rect, DFBDimension size)
-{
-    // The walk may end one column beyond the half axis, in a box of 5 x 2 for one.
-    return fits(rect.x, rect.w, 1, size.w) && fits(rect.y, rect.h, 0, size.h);
-}
-
 } // namespace
 
 DFBResult dtk::outline_ellipse_inside(IDirectFBSurface* dest, const DFBRectangle& rect, DFBDimension size, u32 color)
 {
     const Limits limits = {0, 0, size.w, size.h};
-    return outline_ellipse(dest, rect, is_inside(rect, size) ? nullptr : &limits, color);
+    return outline_ellipse(dest, rect, geometry::outline_fits(rect, size.w, size.h) ? nullptr : &limits, color);
 }
 
 DFBResult outline_ellipse_argb(IDirectFBSurface* dest, const DFBRectangle* rect, u32 color)

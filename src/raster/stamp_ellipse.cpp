@@ -1,6 +1,6 @@
 #include "raster/stamp_far_ellipse.h"
 
-#include "raster/ellipse_walk.h"
+#include "geometry/ellipse_walk.h"
 
 #include <cstdlib>
 
@@ -24,7 +24,7 @@ DFBResult stamp_ellipse(IDirectFBSurface* dest, const DFBRectangle* rect, IDirec
 
     const int cx = static_cast<int>(centre.x);
     const int cy = static_cast<int>(centre.y);
-    dtk::walk_ellipse(
+    geometry::walk_ellipse(
         *rect, 1, [&](int pole) { batch.add_pair(cx, cy + pole, cx, cy - pole); },
         [&](int x, int y) {
             batch.add_pair(cx + x, cy + y, cx - x, cy + y);

@@ -1,6 +1,6 @@
 #include "raster/stamp_far_ellipse.h"
 
-#include "raster/ellipse_walk.h"
+#include "geometry/ellipse_walk.h"
 
 namespace dtk {
 namespace {
@@ -19,7 +19,7 @@ namespace {
 // An ellipse is walked as a whole, since how its steps are rounded belongs to it.
 DFBResult stamp_far_ellipse(const DFBRectangle& rect, const Centre& centre, StampBatch batch)
 {
-    const Range columns = batch.near_columns(), rows = batch.near_rows();
+    const geometry::Range columns = batch.near_columns(), rows = batch.near_rows();
     const auto stamp = [&](long long x, long long y) {
         const bool is_column_near = columns.contains(centre.x + x) || columns.contains(centre.x - x);
         if (is_column_near && (rows.contains(centre.y + y) || rows.contains(centre.y - y)))
@@ -29,7 +29,7 @@ DFBResult stamp_far_ellipse(const DFBRectangle& rect, const Centre& centre, Stam
         batch.add_if_near(centre.x, centre.y + pole);
         batch.add_if_near(centre.x, centre.y - pole);
     };
-    walk_ellipse(rect, 1LL, stamp_poles, stamp);
+    geometry::walk_ellipse(rect, 1LL, stamp_poles, stamp);
     return batch.finish();
 }
 

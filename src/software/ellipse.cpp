@@ -1,3 +1,5 @@
+#include "geometry/box.h"
+#include "geometry/color.h"
 #include "raster/outline_ellipse.h"
 #include "software/canvas.h"
 #include "toolkit/report.h"
@@ -6,16 +8,12 @@
 #include <algorithm>
 
 using namespace dtk;
+using geometry::color_word;
+using geometry::inner_box;
 
 namespace {
 
 constexpr double full_circle = 6.283185307179586;
-
-/// The rasterisers draw one pixel inside the box.
-DFBRectangle inner(const DFBRectangle& box)
-{
-    return {box.x + 1, box.y + 1, box.w - 2, box.h - 2};
-}
 
 DFBResult fill_with_pattern(DTKHDDVD_data& toolkit, const DFBRectangle& box, Canvas& canvas)
 {
@@ -44,7 +42,7 @@ DFBResult fill(DTKHDDVD_data& toolkit, const DFBRectangle& box, Canvas& canvas)
     canvas.dirty = box;
     if (toolkit.fill_pattern)
         return fill_with_pattern(toolkit, box, canvas);
-    const DFBRectangle rect = inner(box);
+    const DFBRectangle rect = inner_box(box);
     return fill_ellipse_argb(canvas.surface, &rect, nullptr, color_word(toolkit.palette[fill_index]));
 }
 
@@ -62,7 +60,7 @@ DFBRectangle outlined_area(const DFBRectangle& box)
 {
     if (box.w > 0 && box.h > 0)
         return {box.x, box.y, std::max(box.w, 2), std::max(box.h, 2)};
-    const DFBRectangle rect = inner(box);
+    const DFBRectangle rect = inner_box(box);
     const long long cx = rect.x + rect.w / 2, cy = rect.y + rect.h / 2;
     const long long reach_x = std::abs(rect.w / 2LL) + 2, reach_y = std::abs(rect.h / 2LL) + 2;
     return covering(cx - reach_x, cy - reach_y, cx + reach_x, cy + reach_y);
@@ -71,7 +69,7 @@ DFBRectangle outlined_area(const DFBRectangle& box)
 /// The exported rasteriser never clips; here its box may lie anywhere.
 DFBResult outline_thin(const DTKHDDVD_data& toolkit, const DFBRectangle& box, Canvas& canvas)
 {
-    const DFBRectangle rect = inner(box);
+    const DFBRectangle rect = inner_box(box);
     const u32 color = color_word(toolkit.palette[stroke_index]);
 
     canvas.dirty = outlined_area(box);

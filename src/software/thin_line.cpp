@@ -1,11 +1,15 @@
 #include "software/thin_line.h"
 
-#include "pen/line_walk.h"
+#include "geometry/line_walk.h"
 #include "toolkit/result.h"
 
 namespace dtk {
 
 namespace {
+
+using geometry::LineAxis;
+using geometry::LineWalk;
+using geometry::Range;
 
 /// A coordinate of a line and how far the surface reaches in its direction.
 struct VisibleAxis {
@@ -52,7 +56,7 @@ DFBResult draw_long_line(IDirectFBSurface* surface, const DFBPoint& from, const 
 
 DFBResult draw_thin_line(IDirectFBSurface* surface, const DFBPoint& from, const DFBPoint& to)
 {
-    if (!is_too_long_for_directfb(from, to))
+    if (!geometry::is_too_long_for_directfb(from, to))
         return surface->DrawLine(surface, from.x, from.y, to.x, to.y);
     return to.x > from.x ? draw_long_line(surface, from, to) : draw_long_line(surface, to, from);
 }

@@ -25,12 +25,6 @@ inline bool uses_scratch_pad(const DTKHDDVD_data& toolkit, u32 flags)
     return toolkit.use_scratch_pad && needs_blending(toolkit, flags, toolkit.fill_pattern);
 }
 
-/// A colour as rasterisers and engine take it, 0xAARRGGBB.
-inline u32 color_word(const DFBColor& color)
-{
-    return static_cast<u32>(color.a) << 24 | static_cast<u32>(color.r) << 16 | static_cast<u32>(color.g) << 8 | color.b;
-}
-
 } // namespace dtk
 
 #endif

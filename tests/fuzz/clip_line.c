@@ -1,5 +1,5 @@
 /* DirectFB's internal headers are C only. */
-#include "directfb_core.h"
+#include "engine/surface/directfb_core.h"
 
 #include <gfx/clip.h>
 

@@ -1,9 +1,10 @@
 /// Reads bytes as a program of drawing engine calls on surfaces in guarded memory; DirectFB does not run.
 #include "bytes.h"
-#include "directfb_core.h"
+#include "engine/surface/directfb_core.h"
+#include "engine/surface/directfb_part.h"
 #include "guarded_memory.h"
-#include "platform.h"
-#include "words.h"
+#include "start/options.h"
+#include "start/platform.h"
 #include "zuvo.h"
 
 #include <algorithm>
@@ -158,7 +159,13 @@ const Wishes& wishes()
 
 } // namespace zuvo
 
-DirectFBCoreAnswer directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelFormat* ret_format)
+/// There are no interfaces of DirectFB, and no parts.
+bool directfb_get_part(const IDirectFBSurface*, DirectFBPart*)
+{
+    return false;
+}
+
+DirectFBCoreResult directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelFormat* ret_format)
 {
     const Surface* surface = find_surface(id);
     if (!surface)
@@ -167,7 +174,7 @@ DirectFBCoreAnswer directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelForm
     return DIRECTFB_CORE_OK;
 }
 
-DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, DirectFBCorePixels* ret_pixels)
+DirectFBCoreResult directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, DirectFBCorePixels* ret_pixels)
 {
     Surface* surface = find_surface(id);
     if (!surface)

@@ -66,10 +66,12 @@ TOOLKIT = [*unit("dispatch", "pen", "toolkit", "raster", "software", "hardware",
 # The first prefix that fits a file is its own.
 TABLE = (
     ("src/", TOOLKIT),
+    ("geometry/", [*TOOLKIT, ENGINE_PARTS, HOSTED, FUZZ_ENGINE]),
     ("test_dtkhd/", [*unit("test_dtkhd", "main"), TEST_DTKHD]),
     ("platform/include/", [*unit("hardware"), HOSTED, TEST_DTKHD]),
     ("platform/hosted/engine/", [ENGINE_PARTS, HOSTED, ENGINE_MEMORY, SAME_PICTURES, DIFFERENTIAL, FUZZ_ENGINE, PICTURES, REAL_DRIVER, RESTART, THREADS]),
-    ("platform/hosted/accel/", [DRIVER, ENGINE_PARTS, REAL_DRIVER, HOSTED, DIFFERENTIAL, SAME_PICTURES, FUZZ_ENGINE, PICTURES]),
+    ("platform/hosted/pixels/", [DRIVER, ENGINE_PARTS, REAL_DRIVER, HOSTED, DIFFERENTIAL, SAME_PICTURES, FUZZ_ENGINE, PICTURES]),
+    ("platform/hosted/driver/", [DRIVER, ENGINE_PARTS, REAL_DRIVER, HOSTED, DIFFERENTIAL, SAME_PICTURES, FUZZ_ENGINE, PICTURES]),
     ("platform/hosted/window/", [KEYS, WINDOW, DEMO]),
     ("platform/hosted/", [HOSTED, ENGINE_PARTS, REAL_DRIVER, DIFFERENTIAL, DEMO, TEST_DTKHD, PICTURES, RESTART, WINDOW]),
 )

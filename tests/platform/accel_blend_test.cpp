@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "accel_session.h"
-#include "rows.h"
+#include "pixels/rows.h"
 
 namespace {
 

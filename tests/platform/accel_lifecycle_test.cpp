@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "accel.h"
+#include "driver/accel.h"
 #include "accel_session.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "accel.h"
+#include "driver/accel.h"
 #include "directfb_variant.h"
 
 namespace accel {

@@ -1,5 +1,5 @@
-#include "engine/ellipse_arc.h"
-#include "engine/ellipse_rows.h"
+#include "engine/fill/ellipse_arc.h"
+#include "engine/fill/ellipse_rows.h"
 #include "platform/engine_coverage.h"
 
 #include <cairo.h>

@@ -1,7 +1,7 @@
 // Outlines that are drawn straight, held against the same outlines swept along a path.
-#include "engine/box.h"
-#include "engine/sweep.h"
-#include "engine/thin_outline.h"
+#include "engine/outline/box_border.h"
+#include "engine/outline/sweep.h"
+#include "engine/outline/thin_outline.h"
 #include "platform/engine_coverage.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "engine/polygon_scan.h"
+#include "engine/fill/polygon_scan.h"
 #include "platform/engine_coverage.h"
 
 #include <cairo.h>

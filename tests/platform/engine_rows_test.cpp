@@ -1,6 +1,6 @@
 // The row functions and the painters of patterns, held against the plain arithmetic of one pixel.
-#include "accel/rows.h"
-#include "engine/painter.h"
+#include "pixels/rows.h"
+#include "engine/paint/painter.h"
 
 #include <functional>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "engine/sweep.h"
+#include "engine/outline/sweep.h"
 #include "platform/engine_coverage.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 /// The ellipse walk computes the same doubles and the same points on every machine. The sums below were made on amd64;
 /// all that is hashed has the same size and byte order on each target.
-#include "raster/ellipse_walk.h"
+#include "geometry/ellipse_walk.h"
 #include "support/fixture.h"
 #include "support/picture.h"
 #include "targets/hash.h"
@@ -22,18 +22,22 @@ public:
     friend Traced operator-(Traced one, Traced other) { return Traced(one.value_ - other.value_); }
     friend Traced operator*(Traced one, Traced other) { return Traced(one.value_ * other.value_); }
     friend bool operator>(Traced one, Traced other) { return one.value_ > other.value_; }
+    friend Traced operator/(Traced one, Traced other) { return Traced(one.value_ / other.value_); }
+    Traced operator-() const { return Traced(-value_); }
     void operator+=(Traced other) { value_ += other.value_; }
+    void operator-=(Traced other) { value_ -= other.value_; }
 
-    bool operator<(int zero) const { return decision() < zero; }
-    bool operator>=(int zero) const { return decision() >= zero; }
+    bool operator<(int zero) const { return decision(value_) < zero; }
+    bool operator<=(int zero) const { return decision(-value_) >= zero; }
 
 private:
     explicit Traced(double value) : value_(value) {}
 
-    double decision() const
+    /// The walk carries a quarter of it along. A zero has no sign.
+    static double decision(double quarter)
     {
-        decisions.put(value_);
-        return value_;
+        decisions.put(4 * quarter + 0.0);
+        return quarter;
     }
 
     double value_;
@@ -65,10 +69,10 @@ TEST_F(SameNumbers, AreTheDecisionValuesOfTheWalk)
     decisions = Hash();
     for (int i = 0; i < 100; ++i) {
         const DFBRectangle box = any_box(random);
-        dtk::walk_quarter_in<Traced>({box.w, box.h + 1LL, box.h + 1LL}, [](long long, long long, bool) {},
-                                     [](long long, long long) {});
-        dtk::walk_quarter_in<Traced>({box.w, box.h, 2LL * (box.h / 2)}, [](long long, long long, bool) {},
-                                     [](long long, long long) {});
+        geometry::walk_quarter_in<Traced>({box.w, box.h + 1LL, box.h + 1LL}, [](long long, long long, bool) {},
+                                     [](long long, long long, long long) {});
+        geometry::walk_quarter_in<Traced>({box.w, box.h, 2LL * (box.h / 2)}, [](long long, long long, bool) {},
+                                     [](long long, long long, long long) {});
     }
     EXPECT_EQ(decisions.sum(), 16441813188718874275u);
 }

@@ -1,10 +1,9 @@
 #include "engine.h"
 
-#include "../platform.h"
-#include "../words.h"
-#include "surface.h"
-
-#include <cstring>
+#include "engine/surface/surface.h"
+#include "geometry/color.h"
+#include "start/options.h"
+#include "start/platform.h"
 
 namespace zuvo {
 
@@ -19,20 +18,6 @@ bool is_there()
     return is_started() && wishes().engine;
 }
 
-bool has_same_shape(const zuvo_dtk_pen& one, const zuvo_dtk_pen& other)
-{
-    return !std::memcmp(&one, &other, offsetof(zuvo_dtk_pen, color));
-}
-
-int render_pen()
-{
-    engine.is_pen_rendered = false;
-    if (int error = engine.pen_rows.render(engine.polygon, engine.pen))
-        return error;
-    engine.is_pen_rendered = true;
-    return ZUVO_OK;
-}
-
 } // namespace
 
 bool is_engine(unsigned int handle)
@@ -42,9 +27,7 @@ bool is_engine(unsigned int handle)
 
 void reset_engine()
 {
-    engine.output = 0;
-    engine.fill = Fill::none;
-    engine.has_pen = false;
+    static_cast<State&>(engine) = {};
 }
 
 } // namespace zuvo
@@ -79,7 +62,7 @@ int zuvo_dtk_set_fill_color(unsigned int dtk, u8 r, u8 g, u8 b, u8 a)
         return ZUVO_NO_SUCH_ENGINE;
 
     engine.fill = zuvo::Fill::colour;
-    engine.fill_colour = uint32_t(a) << 24 | uint32_t(r) << 16 | uint32_t(g) << 8 | b;
+    engine.fill_colour = geometry::color_word({a, r, g, b});
     return ZUVO_OK;
 }
 
@@ -105,12 +88,9 @@ int zuvo_dtk_set_pen(unsigned int dtk, const zuvo_dtk_pen* pen)
     if (!pen)
         return ZUVO_NULL_ARGUMENT;
 
-    const bool is_rendered = engine.is_pen_rendered && zuvo::has_same_shape(*pen, engine.pen);
+    if (int error = engine.render_pen(*pen))
+        return error;
     engine.pen = *pen;
-    if (!is_rendered) {
-        if (int error = zuvo::render_pen())
-            return error;
-    }
     engine.has_pen = true;
     return ZUVO_OK;
 }

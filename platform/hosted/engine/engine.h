@@ -1,35 +1,17 @@
 #ifndef ZUVO_ENGINE_H
 #define ZUVO_ENGINE_H
 
-#include "outline_path.h"
-#include "painter.h"
-#include "pen_rows.h"
-#include "polygon_scan.h"
-#include "sweep.h"
-#include "zuvo.h"
+#include "engine/fill/fill_memory.h"
+#include "engine/outline/outline_memory.h"
+#include "engine/state.h"
 
 namespace zuvo {
 
-enum class Fill { none, colour, pattern };
+/// A drawing engine: what its calls set, and what each stage keeps from one call to the next. A plain record: an empty one
+/// is ready for use. Everything is drawn when a call returns.
+struct Engine : State, FillMemory, OutlineMemory {};
 
-/// The one drawing engine. Everything is drawn when a call returns.
-struct Engine {
-    unsigned int output;        ///< A surface handle, 0 when none is set.
-    Fill fill;
-    uint32_t fill_colour;
-    unsigned int pattern;
-    bool has_pen;
-    bool is_pen_rendered;       ///< pen_rows holds the shape in pen, current or not.
-    zuvo_dtk_pen pen;
-    PenRows pen_rows;
-
-    PolygonScan polygon;
-    RowPath path;
-    Buffer<int> quarter;        ///< Memory for walking an ellipse.
-    SweepMemory sweep_memory;
-    Buffer<Span> rows;
-};
-
+/// The one that the platform has.
 extern Engine engine;
 
 /// Tells whether @p handle is the engine's and the engine is there.

@@ -1,10 +1,12 @@
 #include "engine.h"
 
-#include "box.h"
-#include "box_clip.h"
-#include "ellipse_arc.h"
-#include "ellipse_rows.h"
-#include "surface.h"
+#include "engine/fill/box.h"
+#include "engine/fill/box_clip.h"
+#include "engine/fill/ellipse_arc.h"
+#include "engine/fill/ellipse_rows.h"
+#include "engine/paint/painter.h"
+#include "engine/surface/surface.h"
+#include "geometry/box.h"
 
 #include <algorithm>
 
@@ -46,7 +48,7 @@ bool fill_plain_ellipse(const DFBRectangle& rect, bool blend, Painter& painter)
 {
     zuvo::BoxClip clip(painter, rect);
     zuvo::RowSink& sink = blend && zuvo::has_no_inside(rect) ? static_cast<zuvo::RowSink&>(clip) : painter;
-    return zuvo::fill_ellipse(engine.rows, painter.target.extent, zuvo::inner_box(rect), sink);
+    return zuvo::fill_ellipse(engine.rows, painter.target.extent, geometry::inner_box(rect), sink);
 }
 
 bool fill_patterned_ellipse(const DFBRectangle& rect, Painter& painter)

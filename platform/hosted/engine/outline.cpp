@@ -1,9 +1,12 @@
 #include "engine.h"
 
-#include "box.h"
-#include "ellipse_rows.h"
-#include "surface.h"
-#include "thin_outline.h"
+#include "engine/fill/box.h"
+#include "engine/outline/box_border.h"
+#include "engine/fill/ellipse_rows.h"
+#include "engine/paint/painter.h"
+#include "engine/surface/surface.h"
+#include "engine/outline/thin_outline.h"
+#include "geometry/box.h"
 
 using zuvo::engine;
 using zuvo::Extent;
@@ -66,7 +69,7 @@ bool draw_rectangle(Painter& painter, const DFBRectangle& rect)
 
 bool draw_ellipse(Painter& painter, const DFBRectangle& rect)
 {
-    const DFBRectangle box = engine.pen_rows.is_single_pixel ? zuvo::inner_box(rect) : rect;
+    const DFBRectangle box = engine.pen_rows.is_single_pixel ? geometry::inner_box(rect) : rect;
     if (engine.pen_rows.covers_one_pixel()) {
         const DFBPoint corner = pixel_at({box.x, box.y});
         if (zuvo::draw_thin_ellipse(painter, {corner.x, corner.y, box.w, box.h}))

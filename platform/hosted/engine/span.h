@@ -1,7 +1,10 @@
 #ifndef ZUVO_SPAN_H
 #define ZUVO_SPAN_H
 
-#include "accel/rows.h"
+#include "pixels/rows.h"
+
+#include <algorithm>
+#include <cstdint>
 
 namespace zuvo {
 
@@ -17,6 +20,14 @@ inline bool is_empty(const Span& span)
 struct Extent {
     int width, height;
 };
+
+/// Beyond every surface and pen; coordinates are cut to it.
+const int far_away = 1 << 28;
+
+inline int cut_to_far(int64_t coordinate)
+{
+    return static_cast<int>(std::clamp(coordinate, int64_t(-far_away), int64_t(far_away)));
+}
 
 struct RowSink;
 

@@ -4,7 +4,7 @@
 
 #include <dlfcn.h>
 
-#include "../words.h"
+#include "../start/options.h"
 #include "window.h"
 
 namespace {
