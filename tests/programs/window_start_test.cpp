@@ -134,6 +134,17 @@ TEST(Options, SayWhatTheWindowMayBe)
     }
 }
 
+TEST(Options, AWindowThatIsTooLargeCostsOneLineAndNothingElse)
+{
+    const XServer server;
+    const Outcome outcome =
+        run_command("dtk_demo --size 320x240 --rate 20 --seconds 1 --zuvo:window=20000x20000", server.environment());
+    EXPECT_EQ(outcome.status, 0) << outcome.output;
+    EXPECT_EQ(count(outcome.output, "zuvo: "), 1u) << outcome.output;
+    EXPECT_THAT(outcome.output, testing::ContainsRegex("zuvo: no window: .*too large"));
+    EXPECT_THAT(outcome.output, HasSubstr(" frames in "));
+}
+
 TEST(Options, FillTheScreen)
 {
     const XServer server;
@@ -198,6 +209,71 @@ TEST(Modes, FlipsWaitForTheDisplay)
     EXPECT_TRUE(await([&] { return program.output().find(" ms\n") != std::string::npos; }));
     const std::string output = program.output();
     EXPECT_GE(std::atoi(output.c_str() + output.rfind('\n', output.size() - 2) + 1), 75) << "5 frames of 1/60 s and a part";
+}
+
+namespace {
+
+/// window_modes on an X server, its first picture on the screen.
+class ModesInAWindow {
+public:
+    explicit ModesInAWindow(const std::string& options, DFBDisplayLayerBufferMode buffers = DLBM_FRONTONLY)
+        : process_("exec env " + server_.environment() + " '" PROGRAMS "'/" + modes_program({"", DSPF_ARGB, buffers}) + options)
+    {
+        EXPECT_TRUE(await([&] { return says(" ms\n") && pixel(110, 500) == 0xFF0000; })) << process_.output();
+    }
+
+    bool says(const std::string& text) const { return process_.output().find(text) != std::string::npos; }
+    std::uint32_t pixel(std::size_t x, std::size_t y) const { return server_.screen(x, y, 1, 1).pixels.at(0); }
+    bool has_window() const { return server_.run("xwininfo -root -tree | grep F11"); }
+    const Process& process() const { return process_; }
+
+private:
+    XServer server_;
+    Process process_;
+};
+
+} // namespace
+
+TEST(Modes, OnlyFlipsThatAreAskedToWaitForTheDisplay)
+{
+    const ModesInAWindow modes("", DLBM_BACKVIDEO);
+    EXPECT_THAT(modes.process().output(), HasSubstr("\n6 waits, 6 in order\n0 waits, 0 in order\n"));
+}
+
+TEST(Modes, OptionsOfALayerAreRefused)
+{
+    const ModesInAWindow modes("");
+    EXPECT_THAT(modes.process().output(), testing::ContainsRegex("options: .*(not supported|[Uu]nsupported).*, alone\n"));
+}
+
+TEST(Modes, APartIsShownWhereThePictureIs)
+{
+    // The picture begins 40 pixels below the upper edge of its window, which is at (80, 20).
+    const ModesInAWindow modes(" --zuvo:window=640x560");
+    modes.process().signal(SIGUSR1);
+    EXPECT_TRUE(await([&] { return modes.pixel(81, 60 + 441) == 0xFFFFFF && modes.pixel(118, 60 + 478) == 0xFFFFFF; }));
+    EXPECT_EQ(modes.pixel(81, 60 + 438), 0xFF0000u);
+}
+
+TEST(Modes, AnIdleWindowLeavesTheProcessorAlone)
+{
+    const ModesInAWindow modes("");
+    std::this_thread::sleep_for(std::chrono::milliseconds(700));
+    modes.process().signal(SIGUSR1);
+    EXPECT_TRUE(await([&] { return modes.says(" in 1000\n"); }));
+    const std::string output = modes.process().output(), label = "busy: ";
+    EXPECT_LT(std::atoi(output.c_str() + output.find(label) + label.size()), 50) << output;
+}
+
+TEST(Modes, TheWindowEndsWithDirectFB)
+{
+    const ModesInAWindow modes("");
+    EXPECT_TRUE(modes.has_window());
+    modes.process().signal(SIGUSR1);
+    EXPECT_TRUE(await([&] { return modes.pixel(81, 60 + 441) == 0xFFFFFF; }));
+    modes.process().signal(SIGUSR1);
+    EXPECT_TRUE(await([&] { return modes.says("ended\n"); }));
+    EXPECT_FALSE(modes.has_window());
 }
 
 TEST(Modes, APaletteIsRefused)
