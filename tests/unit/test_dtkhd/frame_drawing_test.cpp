@@ -80,6 +80,15 @@ TEST_F(Frames, EndWithPensPatternAndFlip)
     EXPECT_NE(end.find("screen.Flip(NULL, 0)"), std::string::npos);
 }
 
+TEST_F(Frames, DrawATriangleInTheMiddle)
+{
+    const std::string frame = last_frame_on_the_engine(1);
+    EXPECT_EQ(only(frame, "draw_polygon"), "zuvo_dtk_draw_polygon(7, [320,90 450,315 190,315 ], 3, 0)\n");
+    EXPECT_EQ(only(frame, "draw_line").find("zuvo_dtk_draw_line(7, 320, 90, 450, 315, 0x1)\n"
+                                            "zuvo_dtk_draw_line(7, 450, 315, 190, 315, 0x1)\n"
+                                            "zuvo_dtk_draw_line(7, 190, 315, 320, 90, 0x1)\n"), 0u);
+}
+
 TEST_F(Frames, MoveTheirBoxesToAndFro)
 {
     // On 640 x 480 the ellipse has 68 steps of 5 pixels from below, and the rectangle 76 from above.
