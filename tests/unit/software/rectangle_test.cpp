@@ -152,23 +152,6 @@ cairo_surface_flush(texture.cairo)
 )");
 }
 
-TEST_F(SoftwareRectangle, LaysAPatternThatBeginsFarAwayByWholeTilesOfItsTexture)
-{
-    const Toolkit toolkit = software_toolkit(0);
-    set_texture(toolkit);
-    for (const DFBRectangle& rect : {DFBRectangle{-32766, -5, 40000, 40}, {-5, -32766, 40, 40000}}) {
-        EXPECT_EQ(draw(toolkit, rect, DTKHDDVD_FILL), 0);
-        EXPECT_THAT(calls(), testing::HasSubstr("texture.GetSize()\n"));
-
-        // A texture that does not tell its size stays where it is.
-        fake::transcript().fail_every("texture.GetSize", DFB_FAILURE);
-        EXPECT_EQ(draw(toolkit, rect, DTKHDDVD_FILL), 0);
-        const std::string matrix = "cairo_pattern_set_matrix(texture.pattern, %d, %d)";
-        EXPECT_THAT(calls(), testing::HasSubstr(fake::text(matrix.c_str(), -rect.x, -rect.y)));
-        fake::transcript().reset();
-    }
-}
-
 TEST_F(SoftwareRectangle, StampsAWidePen)
 {
     const Toolkit toolkit = software_toolkit(1);

@@ -103,6 +103,17 @@ TEST_F(Frames, MoveTheirBoxesToAndFro)
     }
 }
 
+TEST_F(Frames, KeepTheirBoxesWhereTheSurfaceIsTooLowToMoveThem)
+{
+    screen.height = 100;
+    for (const int number : {1, 2}) {
+        const std::string borders = only(last_frame_on_the_engine(number), "_border");
+        EXPECT_NE(borders.find("draw_ellipse_border(7, [140 -40 200 140]"), std::string::npos) << borders;
+        EXPECT_NE(borders.find("draw_rectangle_border(7, [300 0 200 100]"), std::string::npos) << borders;
+        transcript().reset();
+    }
+}
+
 TEST_F(Frames, DrawTheSeriesOfRectanglesFurtherInEachFrame)
 {
     for (const auto& [number, x, y] : {std::array{1, 58, 436}, {3, 62, 440}, {30, 116, 14}}) {
