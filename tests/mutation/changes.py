@@ -1,6 +1,7 @@
 """Small changes that could be mistakes: which ones each line of a C or C++ file offers."""
 import hashlib
 import re
+from pathlib import PurePosixPath
 from typing import NamedTuple
 
 
@@ -12,14 +13,24 @@ class Change(NamedTuple):
     end: int
     text: str
     before: str     # the whole line
+    above: str      # the line above it
+
+    @property
+    def name(self):
+        return PurePosixPath(self.path).name
 
     @property
     def after(self):
         return self.before[:self.start] + self.text + self.before[self.end:]
 
+    def words(self):
+        """Both ways by which it may be known in equivalent.txt, wherever the file and the line have moved to."""
+        line = self.name, self.before.strip(), self.after.strip()
+        return {(*line, ""), (*line, self.above.strip())}
+
     def rank(self, seed):
-        """A number by which changes are chosen; it stays the same when other lines change."""
-        key = f"{seed}\n{self.path}\n{self.before}\n{self.start}\n{self.end}\n{self.text}"
+        """A number by which changes are chosen; it stays the same when other lines change and when the file moves."""
+        key = f"{seed}\n{self.name}\n{self.before}\n{self.start}\n{self.end}\n{self.text}"
         return hashlib.sha256(key.encode()).hexdigest()
 
 
@@ -89,4 +100,4 @@ def changes_of(path, source):
         places = [*replaced_operators(line), *replaced_numbers(line), *decided_conditions(line),
                   *removed_statements(line, line_before)]
         for start, end, text in places:
-            yield Change(path, number, start, end, text, lines[number])
+            yield Change(path, number, start, end, text, lines[number], lines[number - 1] if number else "")

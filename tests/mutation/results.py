@@ -14,9 +14,9 @@ class Results:
 
     @staticmethod
     def key(change, source):
-        """A file that has changed is tried afresh."""
+        """A file that has changed is tried afresh, one that has moved is not."""
         of_file = hashlib.sha256(source.encode()).hexdigest()[:16]
-        return f"{of_file} {change.path}:{change.line + 1}:{change.start + 1}-{change.end} {change.text}"
+        return f"{of_file} {change.name}:{change.line + 1}:{change.start + 1}-{change.end} {change.text}"
 
     def noticed_by(self, key):
         return self.entries[key]["by"] if key in self.entries else None
@@ -29,17 +29,19 @@ class Results:
 
 
 def read_equivalent(file: Path):
-    """The changes that make no difference: a file's name, its line with "-", the changed one with "+", and the reason."""
-    path, before, known = "", "", set()
+    """
+    The changes that make no difference: a file's name, its line with "-", the changed one with "+", and the reason. A line
+    that says little by itself has the one above it before it, with "@".
+    """
+    name, above, before, known = "", "", "", set()
     for line in file.read_text().splitlines():
-        if line.startswith("- "):
+        if line.startswith("@ "):
+            above = line[2:].strip()
+        elif line.startswith("- "):
             before = line[2:].strip()
         elif line.startswith("+ "):
-            known.add((path, before, line[2:].strip()))
+            known.add((name, before, line[2:].strip(), above))
+            above = ""
         elif line and not line.startswith((" ", "#")):
-            path = line.strip()
+            name = line.strip()
     return known
-
-
-def is_equivalent(change, known):
-    return (change.path, change.before.strip(), change.after.strip()) in known

@@ -76,6 +76,22 @@ TEST(EngineEllipse, FillsEverySmallBoxAsIfItWereCut)
     std::free(rows.items);
 }
 
+TEST(EngineEllipse, WritesNoRowBelowTheSurface)
+{
+    const zuvo::Span untouched = {1000, -1000};
+    zuvo::Span room[60];
+    std::fill_n(room, 60, untouched);
+    zuvo::Buffer<zuvo::Span> rows = {room, 60};
+    const zuvo::Extent extent = {40, 30};
+    for (const DFBRectangle& rect : {DFBRectangle{5, 10, 20, 40}, DFBRectangle{5, 10, 1 << 21, 40}}) {
+        Coverage coverage(extent);
+        ASSERT_TRUE(zuvo::fill_cut_ellipse(rows, extent, rect, coverage));
+        EXPECT_EQ(coverage.at(15, 29), rect.w == 20 ? 1u : 0u);
+        for (int i = 30 - 9; i < 60; ++i)
+            EXPECT_TRUE(room[i].left == untouched.left && room[i].right == untouched.right) << i;
+    }
+}
+
 TEST(EngineEllipse, FillsTheHugeEllipseRowByRow)
 {
     zuvo::Buffer<zuvo::Span> rows = {};

@@ -89,6 +89,40 @@ TEST(EngineOutline, ThinLineIsTheSweptOneOrNothing)
     EXPECT_GT(drawn, 1500);
 }
 
+Coverage thin_ellipse(zuvo::Extent size, const DFBRectangle& rect)
+{
+    EXPECT_EQ(pen_rows.render(scan, {0, 0, 1, 0, 1, 1, 0, 1, 0}), ZUVO_OK);
+    Coverage coverage(size);
+    EXPECT_TRUE(zuvo::ellipse_path(path, quarter, zuvo::rows_in_reach(pen_rows, size), rect));
+    EXPECT_TRUE(zuvo::sweep_scattered(memory, path, pen_rows, size, coverage));
+    return coverage;
+}
+
+/// Each row goes on where the next one towards a pole begins; that of a pole from end to end.
+TEST(EngineOutline, HugeEllipseIsConnectedFromRowToRow)
+{
+    // Its five rows begin 524288, 109427, 0, 109427 and 524288 columns from the left side of the box.
+    const DFBRectangle left = {8 - 524288, 1, 2621441, 5};
+    EXPECT_EQ(thin_ellipse({16, 7}, left).text(),
+              "................\n"
+              "........########\n"
+              "#########.......\n"
+              "................\n"
+              "#########.......\n"
+              "........########\n"
+              "................\n");
+
+    const DFBRectangle right = {8 - 2097152, 1, 2621441, 5};
+    EXPECT_EQ(thin_ellipse({16, 7}, right).text(),
+              "................\n"
+              "########........\n"
+              ".......#########\n"
+              "................\n"
+              ".......#########\n"
+              "########........\n"
+              "................\n");
+}
+
 TEST(EngineOutline, BorderOfABoxPenIsTheSweptOne)
 {
     std::mt19937 random(23);

@@ -1,4 +1,5 @@
 #include <cstdlib>
+#include <filesystem>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
@@ -68,6 +69,22 @@ TEST_F(Hosted, HasNoEngineBeforeItIsStarted)
     EXPECT_NE(zuvo_dtk_get_handle(), 0u);
     zuvo_uninit();
     EXPECT_EQ(zuvo_dtk_get_handle(), 0u);
+}
+
+TEST_F(Hosted, KeepsNoFileOpen)
+{
+    const auto open_files = [] {
+        const std::filesystem::directory_iterator files("/proc/self/fd");
+        return std::distance(begin(files), end(files));
+    };
+    zuvo_init(4108);
+    zuvo_uninit();
+    const auto before = open_files();
+    for (int i = 0; i < 3; ++i) {
+        zuvo_init(4108);
+        zuvo_uninit();
+    }
+    EXPECT_EQ(open_files(), before);
 }
 
 TEST_F(Hosted, EnvironmentSwitchesTheEngineOffWithoutACommandLine)

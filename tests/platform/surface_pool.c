@@ -4,6 +4,10 @@
 #include <core/core.h>
 #include <core/surface.h>
 #include <fusion/object.h>
+#include <stdatomic.h>
+#include <time.h>
+
+#include "directfb_surfaces.h"
 
 DestroySurface get_destroy_surface(void)
 {
@@ -25,4 +29,60 @@ void unlock_core_surface(unsigned int id)
     dfb_surface_unlock(surface);
     dfb_surface_unref(surface);
     dfb_surface_unref(surface);
+}
+
+static FusionObjectDestructor own_destructor;
+static _Atomic(Destruction) destruction;
+
+/* Stands below the engine's function, in the place of DirectFB's own. */
+static void destroy(FusionObject *object, bool is_zombie, void *context)
+{
+    own_destructor(object, is_zombie, context);
+    atomic_store(&destruction, DESTROYED);
+}
+
+/* What the engine's waits call instead of nanosleep. */
+int pause_for_use(const struct timespec *time, struct timespec *rest);
+
+int pause_for_use(const struct timespec *time, struct timespec *rest)
+{
+    Destruction expected = NOT_BEGUN;
+
+    atomic_compare_exchange_strong(&destruction, &expected, WAITS_FOR_USE);
+    return clock_nanosleep(CLOCK_MONOTONIC, 0, time, rest);
+}
+
+void watch_destruction(void)
+{
+    FusionObjectPool *pool = core_dfb->shared->surface_pool;
+
+    own_destructor = pool->destructor;
+    pool->destructor = destroy;
+    atomic_store(&destruction, NOT_BEGUN);
+}
+
+void end_watch(void)
+{
+    directfb_surfaces_forget();
+    core_dfb->shared->surface_pool->destructor = own_destructor;
+}
+
+Destruction get_destruction(void)
+{
+    return atomic_load(&destruction);
+}
+
+bool use_is_waited_for(void)
+{
+    return DIRECTFB_CORE_IS_OWN;
+}
+
+bool begin_use(unsigned int id)
+{
+    return directfb_surfaces_begin_use(id) != NULL;
+}
+
+void end_use(void)
+{
+    directfb_surfaces_end_use();
 }

@@ -83,7 +83,7 @@ TEST(WindowInput, AKeyMakesTheWindowFullScreenAndIsNotHandedOn)
     const auto is_blue = [&](std::size_t x, std::size_t y) {
         return await([&] { return listener.server().screen(x, y, 1, 1).pixels.at(0) == 0x0080FF; });
     };
-    EXPECT_TRUE(await([&] { return listener.server().run("wmctrl -a F11"); }));
+    EXPECT_TRUE(await([&] { return listener.server().run("wmctrl -a F11; xdotool getwindowfocus getwindowname | grep F11"); }));
     listener.send("key F11");
     EXPECT_TRUE(is_blue(0, 0)) << "4:3 fills the screen";
     EXPECT_TRUE(is_blue(799, 599));

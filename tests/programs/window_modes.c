@@ -1,7 +1,10 @@
 /*
- * window_modes FORMAT MODE: four bars on the layer in a pixel format and a buffer mode. Prints the results and how long 6
- * flips took that wait for the display, in milliseconds; the bars stay until SIGTERM.
+ * window_modes FORMAT MODE: four bars on the layer in a pixel format and a buffer mode. Prints the results, how often flips
+ * waited for the display, and how long 6 of them took, in milliseconds. The first SIGUSR1 has it printed how busy the
+ * processor was until then and makes the lower left corner white, the second one ends DirectFB, but not the program.
  */
+#include <dlfcn.h>
+#include <signal.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <time.h>
@@ -22,26 +25,111 @@ static void draw_bars(IDirectFBSurface *surface)
     }
 }
 
-static long milliseconds(void)
+static int waits, waits_in_order;
+
+static long long nanoseconds(clockid_t clock)
 {
     struct timespec now;
 
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return now.tv_sec * 1000 + now.tv_nsec / 1000000;
+    clock_gettime(clock, &now);
+    return now.tv_sec * 1000000000LL + now.tv_nsec;
+}
+
+/* A wait for the display ends within a frame of 1/50 s, where a microsecond begins. */
+static int is_in_order(const struct timespec *due)
+{
+    const long long left = due->tv_sec * 1000000000LL + due->tv_nsec - nanoseconds(CLOCK_MONOTONIC);
+
+    return left < 20000000 && due->tv_nsec % 1000 == 0;
+}
+
+/* In front of the C library's: counts the waits for the display. */
+int clock_nanosleep(clockid_t clock, int flags, const struct timespec *time, struct timespec *rest)
+{
+    typedef int Sleep(clockid_t, int, const struct timespec *, struct timespec *);
+    Sleep *sleep = (Sleep *)dlsym(RTLD_NEXT, "clock_nanosleep");
+
+    if (flags == TIMER_ABSTIME) {
+        ++waits;
+        waits_in_order += is_in_order(time);
+    }
+    return sleep(clock, flags, time, rest);
+}
+
+static sigset_t user_signal(void)
+{
+    sigset_t signals;
+
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGUSR1);
+    return signals;
+}
+
+static void await_signal(void)
+{
+    const sigset_t signals = user_signal();
+    int number;
+
+    sigwait(&signals, &number);
+}
+
+static void flip_often(IDirectFBSurface *surface, DFBSurfaceFlipFlags flags)
+{
+    int i;
+
+    waits = waits_in_order = 0;
+    for (i = 0; i < 6; ++i) {
+        draw_bars(surface);
+        surface->Flip(surface, NULL, flags);
+    }
+    printf("%d waits, %d in order\n", waits, waits_in_order);
+}
+
+static void draw_corner(IDirectFBSurface *surface)
+{
+    const DFBRegion corner = {0, 440, 39, 479};
+
+    surface->SetColor(surface, 0xFF, 0xFF, 0xFF, 0xFF);
+    surface->FillRectangle(surface, 0, 440, 40, 40);
+    surface->Flip(surface, &corner, DSFLIP_NONE);
+}
+
+/* How busy the processor was until the signal. */
+static void print_costs_of_wait(void)
+{
+    const long long start = nanoseconds(CLOCK_MONOTONIC), busy = nanoseconds(CLOCK_PROCESS_CPUTIME_ID);
+
+    await_signal();
+    printf("busy: %lld in 1000\n",
+           (nanoseconds(CLOCK_PROCESS_CPUTIME_ID) - busy) * 1000 / (nanoseconds(CLOCK_MONOTONIC) - start));
+    fflush(stdout);
 }
 
 static void show(IDirectFBSurface *surface)
 {
-    const long start = milliseconds();
-    int i;
+    const long long start = nanoseconds(CLOCK_MONOTONIC);
+    long long end;
 
-    for (i = 0; i < 6; ++i) {
-        draw_bars(surface);
-        surface->Flip(surface, NULL, DSFLIP_WAITFORSYNC);
-    }
-    printf("%ld ms\n", milliseconds() - start);
+    flip_often(surface, DSFLIP_WAITFORSYNC);
+    end = nanoseconds(CLOCK_MONOTONIC);
+    flip_often(surface, DSFLIP_NONE);
+    printf("%lld ms\n", (end - start) / 1000000);
     fflush(stdout);
-    pause();
+    print_costs_of_wait();
+    draw_corner(surface);
+    await_signal();
+}
+
+/* A layer of options that the window does not have. */
+static void print_failed_options(IDirectFBDisplayLayer *layer, DFBDisplayLayerConfig config)
+{
+    DFBDisplayLayerConfigFlags failed = DLCONF_NONE;
+    DFBResult result;
+
+    config.flags |= DLCONF_OPTIONS;
+    config.options = DLOP_DEINTERLACING;
+    result = layer->TestConfiguration(layer, &config, &failed);
+    printf("options: %s, %s\n", DirectFBErrorString(result), failed == DLCONF_OPTIONS ? "alone" : "not alone");
 }
 
 static DFBEnumerationResult print_mode(int width, int height, int depth, void *nothing)
@@ -61,26 +149,48 @@ static DFBDisplayLayerConfig read_arguments(char **argv)
     return config;
 }
 
-int main(int argc, char **argv)
+static DFBResult show_bars(IDirectFBDisplayLayer *layer, const DFBDisplayLayerConfig *config)
 {
-    DFBDisplayLayerConfig config;
-    IDirectFB *dfb;
-    IDirectFBDisplayLayer *layer;
     IDirectFBSurface *surface;
     DFBResult result;
 
+    layer->SetCooperativeLevel(layer, DLSCL_ADMINISTRATIVE);
+    result = layer->SetConfiguration(layer, config);
+    printf("%s\n", DirectFBErrorString(result));
+    if (result || layer->GetSurface(layer, &surface))
+        return DFB_FAILURE;
+    print_failed_options(layer, *config);
+    show(surface);
+    surface->Release(surface);
+    return DFB_OK;
+}
+
+static void stay(void)
+{
+    puts("ended");
+    fflush(stdout);
+    pause();
+}
+
+int main(int argc, char **argv)
+{
+    const sigset_t signals = user_signal();
+    DFBDisplayLayerConfig config;
+    IDirectFB *dfb;
+    IDirectFBDisplayLayer *layer;
+    DFBResult result;
+
     zuvo_display_close(0);
-    if (DirectFBInit(&argc, &argv) || argc != 3 || DirectFBCreate(&dfb))
+    sigprocmask(SIG_BLOCK, &signals, NULL); /* No other thread is to take it. */
+    if (DirectFBInit(&argc, &argv) || argc < 3 || DirectFBCreate(&dfb))
         return 2;
     config = read_arguments(argv);
     dfb->EnumVideoModes(dfb, print_mode, NULL);
     dfb->GetDisplayLayer(dfb, DLID_PRIMARY, &layer);
-    layer->SetCooperativeLevel(layer, DLSCL_ADMINISTRATIVE);
-    result = layer->SetConfiguration(layer, &config);
-    printf("%s\n", DirectFBErrorString(result));
-    if (!result && !layer->GetSurface(layer, &surface))
-        show(surface);
+    result = show_bars(layer, &config);
     layer->Release(layer);
     dfb->Release(dfb);
+    if (!result)
+        stay();
     return result ? 1 : 0;
 }

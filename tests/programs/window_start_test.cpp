@@ -1,8 +1,6 @@
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
 
-#include <directfb.h>
 #include <gmock/gmock.h>
 
 #include "command.h"
@@ -134,6 +132,17 @@ TEST(Options, SayWhatTheWindowMayBe)
     }
 }
 
+TEST(Options, AWindowThatIsTooLargeCostsOneLineAndNothingElse)
+{
+    const XServer server;
+    const Outcome outcome =
+        run_command("dtk_demo --size 320x240 --rate 20 --seconds 1 --zuvo:window=20000x20000", server.environment());
+    EXPECT_EQ(outcome.status, 0) << outcome.output;
+    EXPECT_EQ(count(outcome.output, "zuvo: "), 1u) << outcome.output;
+    EXPECT_THAT(outcome.output, testing::ContainsRegex("zuvo: no window: .*too large"));
+    EXPECT_THAT(outcome.output, HasSubstr(" frames in "));
+}
+
 TEST(Options, FillTheScreen)
 {
     const XServer server;
@@ -142,68 +151,4 @@ TEST(Options, FillTheScreen)
     EXPECT_TRUE(await([&] { return server.screen(0, 0, 1, 1).pixels.at(0) == 0x0080FF; }));
     program.signal(SIGTERM);
     EXPECT_EQ(program.wait().status, -1);
-}
-
-namespace {
-
-struct Mode {
-    const char* name;
-    DFBSurfacePixelFormat format;
-    DFBDisplayLayerBufferMode buffers;
-};
-
-void PrintTo(const Mode& mode, std::ostream* stream)
-{
-    *stream << mode.name;
-}
-
-class LayerMode : public testing::TestWithParam<Mode> {};
-
-INSTANTIATE_TEST_SUITE_P(
-    Shown, LayerMode,
-    testing::Values(Mode{"argb, front only", DSPF_ARGB, DLBM_FRONTONLY}, Mode{"argb, back system", DSPF_ARGB, DLBM_BACKSYSTEM},
-                    Mode{"argb, back video", DSPF_ARGB, DLBM_BACKVIDEO}, Mode{"argb, triple", DSPF_ARGB, DLBM_TRIPLE},
-                    Mode{"rgb32, back video", DSPF_RGB32, DLBM_BACKVIDEO}, Mode{"rgb24, front only", DSPF_RGB24, DLBM_FRONTONLY},
-                    Mode{"rgb16, back system", DSPF_RGB16, DLBM_BACKSYSTEM}, Mode{"rgb16, triple", DSPF_RGB16, DLBM_TRIPLE},
-                    Mode{"argb1555, front only", DSPF_ARGB1555, DLBM_FRONTONLY}));
-
-std::string modes_program(const Mode& mode)
-{
-    return "window_modes " + std::to_string(mode.format) + " " + std::to_string(mode.buffers) + " --dfb:quiet";
-}
-
-} // namespace
-
-TEST_P(LayerMode, IsShown)
-{
-    const XServer server;
-    Process program("exec env " + server.environment() + " '" PROGRAMS "'/" + modes_program(GetParam()));
-    const auto shows = [&](std::size_t x, std::uint32_t colour) {
-        return await([&] { return server.screen(x, 300, 1, 1).pixels.at(0) == colour; });
-    };
-    EXPECT_TRUE(shows(80, 0xFF0000)) << program.output();
-    EXPECT_TRUE(shows(80 + 160, 0x00FF00));
-    EXPECT_TRUE(shows(80 + 320, 0x0000FF));
-    EXPECT_TRUE(shows(80 + 639, 0xFFFFFF));
-    EXPECT_TRUE(await([&] { return program.output().find(" ms\n") != std::string::npos; }));
-    EXPECT_THAT(program.output(), HasSubstr("640x480x32 "));
-    EXPECT_THAT(program.output(), HasSubstr("1920x1080x32 "));
-}
-
-TEST(Modes, FlipsWaitForTheDisplay)
-{
-    const XServer server;
-    Process program("exec env " + server.environment() + " '" PROGRAMS "'/" +
-                    modes_program({"", DSPF_ARGB, DLBM_BACKVIDEO}));
-    EXPECT_TRUE(await([&] { return program.output().find(" ms\n") != std::string::npos; }));
-    const std::string output = program.output();
-    EXPECT_GE(std::atoi(output.c_str() + output.rfind('\n', output.size() - 2) + 1), 75) << "5 frames of 1/60 s and a part";
-}
-
-TEST(Modes, APaletteIsRefused)
-{
-    const XServer server;
-    const Outcome outcome = run_command(modes_program({"", DSPF_LUT8, DLBM_FRONTONLY}), server.environment());
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.output, testing::ContainsRegex("(not supported|[Uu]nsupported)"));
 }

@@ -110,6 +110,22 @@ TEST_P(Server, ShowsTheWindow)
     EXPECT_EQ(demo.wait().status, 0);
 }
 
+TEST(ScaledWindow, OfAWholeMultipleHasSquarePixels)
+{
+    const std::string small = "dtk_demo --size 320x240 ", file = temporary_file("small.png");
+    run_command(small + "--frames 1 --png " + file);
+    const Picture picture = read_png(file);
+    std::remove(file.c_str());
+    ASSERT_EQ(picture.pixels.size(), 320u * 240u);
+    std::vector<std::uint32_t> doubled;
+    for (std::size_t i = 0; i < width * height; ++i)
+        doubled.push_back(picture.pixels[i / (2 * width) * 320 + i % width / 2]);
+
+    const XServer server;
+    const Program demo(server.environment(), small + "--rate 0.1 --seconds 60 --zuvo:window=640x480");
+    EXPECT_TRUE(appears(server, {width, height, doubled})) << demo.output();
+}
+
 TEST(WaylandCompositor, ShowsTheWindowUntilItEnds)
 {
     Compositor compositor;
@@ -163,8 +179,8 @@ TEST_P(Example, EndsWhenItsWindowIsKilled)
 TEST_P(Example, EndsBySignalsAsAnyProgramDoes)
 {
     const XServer server;
-    for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
-        Program program(server.environment(), std::string(GetParam()) + "; echo unreachable");
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+        Program program(server.environment() + "; ulimit -c 0", std::string(GetParam()) + "; echo unreachable");
         EXPECT_TRUE(has_window(server, GetParam()));
         program.signal(number);
         const Outcome outcome = program.wait();

@@ -39,9 +39,9 @@ typedef enum AccelBlit {
 /// A palette as pixels of the target, and what they were made from.
 typedef struct AccelPalette {
     DFBColor entries[256];
+    uint32_t pixels[256];
     uint32_t set_bits; /**< Set in every pixel. */
     int transparent;   /**< The index that became the pixel 0, -1 for none. */
-    uint32_t pixels[256];
 } AccelPalette;
 
 typedef struct AccelJob {

@@ -99,6 +99,13 @@ Points moved(const Points& points, int x, int y)
     return result;
 }
 
+TEST_F(FarStamps, LeaveNothingOfAnEarlierBatchBehind)
+{
+    batch_n_blits = 5;
+    EXPECT_TRUE(stamps_of_line(100000, 0, 100100, 10).empty());
+    EXPECT_EQ(batch_n_blits, 0);
+}
+
 TEST_F(FarStamps, OfLinesAreTheWalksThatMayBeSeen)
 {
     fake::Random random(5);

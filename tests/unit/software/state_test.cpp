@@ -205,6 +205,23 @@ TEST_F(SoftwarePattern, OfNothingTwiceIsHarmless)
     EXPECT_EQ(calls(), "\n");
 }
 
+TEST_F(SoftwarePattern, ThatBeginsFarAwayIsMovedByWholeTilesOfItsTexture)
+{
+    const Toolkit toolkit = software_toolkit(0);
+    EXPECT_EQ(toolkit->SetFillPattern(toolkit.get(), &texture), 0);
+    for (const DFBRectangle& rect : {DFBRectangle{-32767, -5, 40000, 40}, {-5, -32767, 40, 40000}}) {
+        EXPECT_EQ(toolkit->Rectangle(toolkit.get(), &rect, DTKHDDVD_FILL), 0);
+        const char matrix[] = "cairo_pattern_set_matrix(texture.pattern, %d, %d)";
+        EXPECT_THAT(calls(), testing::HasSubstr(fake::text(matrix, rect.x < -5 ? 3 : 5, rect.y < -5 ? 3 : 5)));
+
+        // A texture that does not tell its size stays where it is.
+        fake::transcript().fail_every("texture.GetSize", DFB_FAILURE);
+        EXPECT_EQ(toolkit->Rectangle(toolkit.get(), &rect, DTKHDDVD_FILL), 0);
+        EXPECT_THAT(calls(), testing::HasSubstr(fake::text(matrix, -rect.x, -rect.y)));
+        fake::transcript().reset();
+    }
+}
+
 TEST_F(SoftwarePattern, ReportsATextureThatCairoRefuses)
 {
     for (fake::Outcome trouble : {fake::Outcome::null, fake::Outcome::error_state})

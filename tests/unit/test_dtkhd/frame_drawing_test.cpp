@@ -80,6 +80,15 @@ TEST_F(Frames, EndWithPensPatternAndFlip)
     EXPECT_NE(end.find("screen.Flip(NULL, 0)"), std::string::npos);
 }
 
+TEST_F(Frames, DrawATriangleInTheMiddle)
+{
+    const std::string frame = last_frame_on_the_engine(1);
+    EXPECT_EQ(only(frame, "draw_polygon"), "zuvo_dtk_draw_polygon(7, [320,90 450,315 190,315 ], 3, 0)\n");
+    EXPECT_EQ(only(frame, "draw_line").find("zuvo_dtk_draw_line(7, 320, 90, 450, 315, 0x1)\n"
+                                            "zuvo_dtk_draw_line(7, 450, 315, 190, 315, 0x1)\n"
+                                            "zuvo_dtk_draw_line(7, 190, 315, 320, 90, 0x1)\n"), 0u);
+}
+
 TEST_F(Frames, MoveTheirBoxesToAndFro)
 {
     // On 640 x 480 the ellipse has 68 steps of 5 pixels from below, and the rectangle 76 from above.
@@ -90,6 +99,17 @@ TEST_F(Frames, MoveTheirBoxesToAndFro)
             << number << only(frame, "_border");
         EXPECT_NE(frame.find(fake::text("draw_rectangle_border(7, [300 %d 200 100]", rectangle_y)), std::string::npos)
             << number << only(frame, "_border");
+        transcript().reset();
+    }
+}
+
+TEST_F(Frames, KeepTheirBoxesWhereTheSurfaceIsTooLowToMoveThem)
+{
+    screen.height = 100;
+    for (const int number : {1, 2}) {
+        const std::string borders = only(last_frame_on_the_engine(number), "_border");
+        EXPECT_NE(borders.find("draw_ellipse_border(7, [140 -40 200 140]"), std::string::npos) << borders;
+        EXPECT_NE(borders.find("draw_rectangle_border(7, [300 0 200 100]"), std::string::npos) << borders;
         transcript().reset();
     }
 }
