@@ -59,11 +59,13 @@ void directfb_core_complete_options(int width, int height, bool has_window)
     }
 }
 
-static struct {
+typedef struct Opened {
     CoreSurface *surface;
     CoreSurfaceBufferLock lock;
-    bool is_held;               /**< By its own lock instead of by references. */
-} opened[3];
+} Opened;
+
+static Opened opened[3];        /**< In DirectFB's way, with references. */
+static Opened held;             /**< By its own lock; the only one then. */
 
 /** Rows of a surface that keeps its two fields apart lie elsewhere; it counts as of no known format. */
 static DFBSurfacePixelFormat format_of(const CoreSurface *surface)
@@ -83,8 +85,8 @@ DirectFBCoreAnswer directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelForm
     return DIRECTFB_CORE_OK;
 }
 
-/** Locks a surface's back buffer in DirectFB's way. */
-static DirectFBCoreAnswer lock_back_buffer(DirectFBCoreUse use, DFBSurfaceID id)
+/** Locks a surface's back buffer in DirectFB's way. Kept apart from the short way, which nearly every drawing takes. */
+__attribute__((noinline)) static DirectFBCoreAnswer lock_back_buffer(DirectFBCoreUse use, DFBSurfaceID id)
 {
     const CoreSurfaceAccessFlags access = use == DIRECTFB_CORE_PATTERN ? CSAF_READ : CSAF_READ | CSAF_WRITE;
     CoreSurface *surface;
@@ -99,38 +101,41 @@ static DirectFBCoreAnswer lock_back_buffer(DirectFBCoreUse use, DFBSurfaceID id)
     return DIRECTFB_CORE_OK;
 }
 
-static DirectFBCorePixels pixels_of(DirectFBCoreUse use)
+static DirectFBCorePixels pixels_of(const Opened *open)
 {
-    const CoreSurface *surface = opened[use].surface;
-    const CoreSurfaceBufferLock *lock = &opened[use].lock;
+    const CoreSurfaceConfig *config = &open->surface->config;
 
-    return (DirectFBCorePixels) {lock->addr, lock->pitch, surface->config.size.w, surface->config.size.h,
-                                 format_of(surface)};
+    return (DirectFBCorePixels) {open->lock.addr, open->lock.pitch, config->size.w, config->size.h,
+                                 format_of(open->surface)};
 }
 
 DirectFBCoreAnswer directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, DirectFBCorePixels *ret_pixels)
 {
-    assert(!opened[use].surface); /* Two threads draw with the engine otherwise. */
-    if (use == DIRECTFB_CORE_ONLY_TARGET)
-        opened[use].surface = directfb_hold(id, &opened[use].lock);
-    opened[use].is_held = opened[use].surface;
-    if (!opened[use].is_held) {
-        const DirectFBCoreAnswer answer = lock_back_buffer(use, id);
-        if (answer != DIRECTFB_CORE_OK)
-            return answer;
+    DirectFBCoreAnswer answer;
+
+    assert(!held.surface && !opened[use].surface); /* Two threads draw with the engine otherwise. */
+    if (use == DIRECTFB_CORE_ONLY_TARGET) {
+        held.surface = directfb_hold(id, &held.lock);
+        if (held.surface) {
+            *ret_pixels = pixels_of(&held);
+            return DIRECTFB_CORE_OK;
+        }
     }
-    *ret_pixels = pixels_of(use);
-    return DIRECTFB_CORE_OK;
+    answer = lock_back_buffer(use, id);
+    if (answer == DIRECTFB_CORE_OK)
+        *ret_pixels = pixels_of(&opened[use]);
+    return answer;
 }
 
 void directfb_core_close(DirectFBCoreUse use)
 {
-    if (opened[use].is_held) {
-        directfb_let_go(opened[use].surface, &opened[use].lock);
-    } else {
-        dfb_surface_unlock_buffer(opened[use].surface, &opened[use].lock);
-        dfb_surface_unref(opened[use].surface);
+    if (held.surface) {
+        directfb_let_go(held.surface, &held.lock);
+        held.surface = NULL;
+        return;
     }
+    dfb_surface_unlock_buffer(opened[use].surface, &opened[use].lock);
+    dfb_surface_unref(opened[use].surface);
     opened[use].surface = NULL;
 }
 

@@ -16,7 +16,7 @@ const unsigned int engine_handle = 1;
 
 bool is_there()
 {
-    return is_started() && wishes().engine;
+    return is_started() && read_wishes().engine;
 }
 
 bool has_same_shape(const zuvo_dtk_pen& one, const zuvo_dtk_pen& other)
