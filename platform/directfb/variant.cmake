@@ -67,6 +67,7 @@ check_directfb(DIRECTFB_CORE_IS_OWN "
 #error
 #endif
 FusionObjectDestructor *destructor(CoreDFB *core) { return &core->shared->surface_pool->destructor; }
+int references(const CoreSurface *surface) { return surface->object.ref.single.refs; }
 bool is_current(const CoreSurfaceBuffer *buffer, CoreSurfaceAllocation *allocation, CoreSurfaceBufferLock *lock)
 {
   allocation->accessed[CSAID_CPU] |= allocation->access[CSAID_CPU];
@@ -76,6 +77,7 @@ bool is_current(const CoreSurfaceBuffer *buffer, CoreSurfaceAllocation *allocati
     && !(allocation->flags & CSALF_PREALLOCATED) && direct_serial_check(&allocation->serial, &buffer->serial)
     && dfb_surface_pool_prelock(allocation->pool, allocation, CSAID_CPU, CSAF_READ) == DFB_OK
     && dfb_surface_pool_lock(allocation->pool, allocation, lock) == DFB_OK
+    && allocation->pool->desc.name[0] && allocation->object.id
     && !(buffer->surface->state & CSSF_DESTROYED) && !dfb_config->thrifty_surface_buffers;
 }")
 target_compile_definitions(zuvo_directfb_internal INTERFACE DIRECTFB_CORE_IS_OWN=$<BOOL:${DIRECTFB_CORE_IS_OWN}>)

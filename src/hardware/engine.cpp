@@ -32,10 +32,8 @@ DFBResult outline_box(const DTKHDDVD_data& toolkit, const BoxPrimitive& primitiv
 
 } // namespace
 
-void EngineErrors::check(const char* message, int error)
+void EngineErrors::print(const char* message, int error)
 {
-    if (!error)
-        return;
     std::fprintf(stderr, "%s: %s err 0x%x\n", messages_.operation, message, static_cast<unsigned>(error));
     remember_failure();
 }

@@ -13,13 +13,19 @@ public:
     explicit EngineErrors(const EngineMessages& messages) : messages_(messages) {}
 
     /// Takes the answer of an engine call and the message for it.
-    void check(const char* message, int error);
+    void check(const char* message, int error)
+    {
+        if (error)
+            print(message, error);
+    }
 
     void remember_failure() { result_ = result::failure; }
     DFBResult result() const { return result_; }
     const EngineMessages& messages() const { return messages_; }
 
 private:
+    void print(const char* message, int error);
+
     const EngineMessages& messages_;
     DFBResult result_ = result::ok;
 };

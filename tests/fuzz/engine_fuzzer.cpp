@@ -151,7 +151,7 @@ bool is_started()
     return true;
 }
 
-const Wishes& wishes()
+const Wishes& read_wishes()
 {
     static const Wishes everything = {true, true, nullptr, {}};
     return everything;

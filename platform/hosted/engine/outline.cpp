@@ -1,3 +1,4 @@
+#include "draw.h"
 #include "engine.h"
 
 #include "engine/fill/box.h"
@@ -24,12 +25,7 @@ int draw_outline(bool blend, const Draw& draw)
         return ZUVO_NO_OUTPUT;
     if (!engine.has_pen)
         return ZUVO_NO_PEN;
-
-    OpenSurface target(DIRECTFB_CORE_ONLY_TARGET);
-    if (int error = target.open(engine.output))
-        return error;
-    Painter painter = zuvo::paint_colour(target.pixels(), engine.pen.color, blend);
-    return draw(painter, target) ? ZUVO_OK : ZUVO_NO_MEMORY;
+    return zuvo::draw_colour(engine.pen.color, blend, draw);
 }
 
 /// Draws what the pen covers on a path: `make_path(rows)` fills the engine's path with what the pen visits on these

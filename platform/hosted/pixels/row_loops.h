@@ -75,20 +75,20 @@ inline void write_row(uint32_t* target, size_t count, size_t below, const Result
         store<Single>(target + i, result(Single{}, i));
 }
 
-/// Calls `write_span(target, count, below)` for each span; as many pixels as @p below further on lies the next row.
+/// Calls `write_span(target, count, below)` for each span; as many pixels as @p below further on lies the next row. The
+/// record is a copy, which the pixels that are stored cannot be part of.
 template <class WriteSpan>
-inline void write_spans(const RowSpans& rows, const WriteSpan& write_span)
+inline void write_spans(const RowSpans rows, const WriteSpan& write_span)
 {
     auto* row = reinterpret_cast<uint8_t*>(rows.first_row);
     const RowSpan* spans = rows.spans;
     const size_t below = rows.pitch / sizeof(uint32_t);
     for (size_t i = 0; i < rows.count; ++i, row += rows.pitch, spans += rows.step) {
-        const RowSpan* span = spans;
-        do {
-            if (span->left < span->right)
-                write_span(reinterpret_cast<uint32_t*>(row) + span->left,
-                           static_cast<size_t>(span->right - span->left), below);
-        } while (++span < spans + rows.parts);
+        for (size_t part = 0; part < rows.parts; ++part) {
+            const int left = spans[part].left, right = spans[part].right;
+            if (left < right)
+                write_span(reinterpret_cast<uint32_t*>(row) + left, static_cast<size_t>(right - left), below);
+        }
     }
 }
 

@@ -153,6 +153,11 @@ const Wishes& wishes()
     return current;
 }
 
+const Wishes& read_wishes()
+{
+    return current;
+}
+
 void read_start_wishes()
 {
     current = unspoken;

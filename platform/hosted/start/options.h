@@ -29,6 +29,9 @@ struct Wishes {
 /// 1920 x 1080.
 const Wishes& wishes();
 
+/// The same after zuvo_init, which reads them; asked by every call of the engine.
+const Wishes& read_wishes();
+
 /// Forgets all wishes, then reads `ZUVOARGS` and the words on the process's own command line.
 void read_start_wishes();
 

@@ -121,6 +121,11 @@ struct SmallEllipse {
     Span rows[limit + 2];
 };
 
+bool is_small(int width, int height)
+{
+    return width <= SmallEllipse::limit && height <= SmallEllipse::limit;
+}
+
 WholeEllipse small_ellipse(int width, int height)
 {
     static SmallEllipse kept[64];
@@ -136,7 +141,7 @@ WholeEllipse small_ellipse(int width, int height)
 /// Without rows when there is no memory.
 WholeEllipse whole_ellipse(Buffer<Span>& buffer, int width, int height)
 {
-    if (width <= SmallEllipse::limit && height <= SmallEllipse::limit)
+    if (is_small(width, height))
         return small_ellipse(width, height);
     if (!buffer.reserve(static_cast<size_t>(height) + 2))
         return {nullptr, 0};
@@ -145,8 +150,8 @@ WholeEllipse whole_ellipse(Buffer<Span>& buffer, int width, int height)
 
 bool is_inside(const DFBRectangle& rect, Extent extent)
 {
-    return rect.x >= 0 && rect.y >= 0 && rect.w > 0 && rect.h > 0 && rect.x <= extent.width
-        && rect.w <= extent.width - rect.x && rect.y < extent.height && rect.h < extent.height - rect.y;
+    return rect.x >= 0 && rect.y >= 0 && rect.w > 0 && rect.h > 0 && rect.x <= extent.width - rect.w
+        && rect.y < extent.height - rect.h;
 }
 
 void add_huge_fill(FilledRows& rows, const DFBRectangle& rect)
@@ -180,12 +185,12 @@ bool has_no_inside(const DFBRectangle& rect)
 
 bool fill_ellipse(Buffer<Span>& buffer, Extent extent, const DFBRectangle& rect, RowSink& sink)
 {
-    if (!is_inside(rect, extent) || is_huge(rect))
+    if (!is_inside(rect, extent) || (!is_small(rect.w, rect.h) && is_huge(rect)))
         return fill_cut_ellipse(buffer, extent, rect, sink);
     const WholeEllipse ellipse = whole_ellipse(buffer, rect.w, rect.h);
     if (!ellipse.rows)
         return false;
-    const int middle = static_cast<int>((2LL * rect.x + rect.w) / 2);
+    const int middle = rect.x + rect.w / 2;
     if (ellipse.reach > std::min(middle, extent.width - middle))
         return fill_cut_ellipse(buffer, extent, rect, sink);
     sink.take_rows(sink, {rect.y, rect.h + 1, ellipse.rows + 1, 1, 1, middle});

@@ -103,8 +103,8 @@ void copy_opaque_row(uint32_t* target, const uint32_t* source, size_t count)
 const int colour_width = 512;
 uint32_t colour_row[colour_width];
 
-/// DirectFB blends onto a target without alpha in another way.
-Painter blend_colour_without_alpha(Painter painter)
+/// DirectFB blends onto a target without alpha in another way. Kept apart from the colours of most small shapes.
+[[gnu::noinline]] Painter blend_colour_without_alpha(Painter painter)
 {
     painter.take = write_tiles;
     painter.paint = Paint::blended_without_alpha;

@@ -1,6 +1,7 @@
 #include "directfb_hold.h"
 
 #include <errno.h>
+#include <string.h>
 
 #include <core/gfxcard.h>
 #include <core/surface.h>
@@ -54,28 +55,54 @@ static CoreSurfaceAllocation *current_allocation(const CoreSurfaceBuffer *buffer
     return allocation;
 }
 
+static bool is_used_by_card(const CoreSurfaceAllocation *allocation)
+{
+    return __atomic_load_n(&allocation->accessed[CSAID_GPU], __ATOMIC_RELAXED) & both_ways;
+}
+
 /** What the graphics card has begun is finished before the processor begins. A driver writes these flags without the lock. */
-static void wait_for_card(CoreSurfaceAllocation *allocation)
+__attribute__((noinline)) static void wait_for_card(CoreSurfaceAllocation *allocation)
 {
     const CoreSurfaceAccessFlags accessed =
         __atomic_load_n(&allocation->accessed[CSAID_GPU], __ATOMIC_RELAXED) & both_ways;
 
-    if (!accessed)
-        return;
     dfb_gfxcard_wait_serial(&allocation->gfx_serial);
     if (accessed & CSAF_WRITE)
         dfb_gfxcard_flush_read_cache();
     __atomic_fetch_and(&allocation->accessed[CSAID_GPU], ~both_ways, __ATOMIC_RELAXED);
 }
 
-static bool lock_in_pool(CoreSurfaceAllocation *allocation, CoreSurfaceBufferLock *lock)
+/** Locking in the pool of system memory does nothing but tell the address, which stays as long as the allocation. */
+static void keep_address(const CoreSurfaceAllocation *allocation, const CoreSurfaceBufferLock *lock)
+{
+    if (!strcmp(allocation->pool->desc.name, "System Memory"))
+        *directfb_surfaces_memory() = (DirectFBMemory) {allocation->object.id, lock->addr, lock->pitch};
+}
+
+/** Kept apart, as what follows is done for each shape and this for each new buffer. */
+__attribute__((noinline)) static bool lock_in_pool(CoreSurfaceAllocation *allocation, CoreSurfaceBufferLock *lock)
 {
     dfb_surface_buffer_lock_init(lock, CSAID_CPU, both_ways);
     if (dfb_surface_pool_prelock(allocation->pool, allocation, CSAID_CPU, both_ways) == DFB_OK
-        && dfb_surface_pool_lock(allocation->pool, allocation, lock) == DFB_OK)
+        && dfb_surface_pool_lock(allocation->pool, allocation, lock) == DFB_OK) {
+        keep_address(allocation, lock);
         return true;
+    }
     dfb_surface_buffer_lock_deinit(lock);
     return false;
+}
+
+/** A lock without an allocation is one that the pool knows nothing of. */
+static bool lock_memory(CoreSurfaceAllocation *allocation, CoreSurfaceBufferLock *lock)
+{
+    const DirectFBMemory *memory = directfb_surfaces_memory();
+
+    if (allocation->object.id != memory->allocation)
+        return lock_in_pool(allocation, lock);
+    lock->allocation = NULL;
+    lock->addr = memory->address;
+    lock->pitch = memory->pitch;
+    return true;
 }
 
 /** The content of the buffer is new, and this is where it is. */
@@ -99,8 +126,9 @@ static bool lock_buffer(CoreSurface *surface, CoreSurfaceBufferLock *lock)
     allocation = current_allocation(buffer);
     if (!allocation)
         return false;
-    wait_for_card(allocation);
-    if (!lock_in_pool(allocation, lock))
+    if (is_used_by_card(allocation))
+        wait_for_card(allocation);
+    if (!lock_memory(allocation, lock))
         return false;
     note_access(buffer, allocation);
     return true;
@@ -118,8 +146,10 @@ CoreSurface *directfb_hold(DFBSurfaceID id, CoreSurfaceBufferLock *lock)
 
 void directfb_let_go(CoreSurface *surface, CoreSurfaceBufferLock *lock)
 {
-    dfb_surface_pool_unlock(lock->allocation->pool, lock->allocation, lock);
-    dfb_surface_buffer_lock_deinit(lock);
+    if (lock->allocation) {
+        dfb_surface_pool_unlock(lock->allocation->pool, lock->allocation, lock);
+        dfb_surface_buffer_lock_deinit(lock);
+    }
     dfb_surface_unlock(surface);
 }
 

@@ -15,8 +15,8 @@ typedef DFBResult (*GetID)(IDirectFBSurface *thiz, DFBSurfaceID *ret_id);
 /** The slot of DirectFB's own surfaces, once one was seen. */
 static GetID own_get_id;
 
-/** Whether a slot leads into the library that DirectFB's core is in. */
-static bool is_directfbs(GetID slot)
+/** Whether a slot leads into the library that DirectFB's core is in; asked once. */
+__attribute__((noinline)) static bool is_directfbs(GetID slot)
 {
     Dl_info of_slot, of_core;
 

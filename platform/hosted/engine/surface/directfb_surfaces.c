@@ -17,9 +17,13 @@ static FusionObjectPool *lock_pool(void)
 
 static bool is_released(CoreSurface *surface)
 {
+#if DIRECTFB_CORE_IS_OWN
+    return __atomic_load_n(&surface->object.ref.single.refs, __ATOMIC_RELAXED) <= 0;
+#else
     int references = 0;
 
     return fusion_ref_stat(&surface->object.ref, &references) != DR_OK || references <= 0;
+#endif
 }
 
 /** Returns the surface @p id of a locked pool, NULL when there is none that is not released. */
@@ -41,6 +45,7 @@ static struct {
     _Atomic(CoreSurface *) surface;
     atomic_bool is_in_use;
     DFBSurfaceID id;
+    DirectFBMemory memory;
     FusionObjectDestructor destroy;     /**< The pool's own. */
 } remembered;
 
@@ -82,6 +87,7 @@ static void remember(FusionObjectPool *pool, CoreSurface *surface, DFBSurfaceID 
         __atomic_store_n(&pool->destructor, forget_and_destroy, __ATOMIC_RELEASE);
     }
     remembered.id = id;
+    remembered.memory.allocation = 0;
     atomic_store(&remembered.surface, surface);
 }
 
@@ -99,13 +105,14 @@ static CoreSurface *use_remembered(DFBSurfaceID id)
     return NULL;
 }
 
-CoreSurface *directfb_surfaces_begin_use(DFBSurfaceID id)
+/** Kept apart from what nearly every use takes, which gets along without a stack frame then. */
+__attribute__((noinline)) static CoreSurface *use_another(DFBSurfaceID id)
 {
-    CoreSurface *surface = use_remembered(id);
-    FusionObjectPool *pool = surface ? NULL : lock_pool();
+    FusionObjectPool *pool = lock_pool();
+    CoreSurface *surface;
 
     if (!pool)
-        return surface;
+        return NULL;
     surface = look_up(pool, id);
     if (surface) {
         remember(pool, surface, id);
@@ -113,6 +120,18 @@ CoreSurface *directfb_surfaces_begin_use(DFBSurfaceID id)
     }
     fusion_skirmish_dismiss(&pool->lock);
     return surface;
+}
+
+CoreSurface *directfb_surfaces_begin_use(DFBSurfaceID id)
+{
+    CoreSurface *surface = use_remembered(id);
+
+    return surface ? surface : use_another(id);
+}
+
+DirectFBMemory *directfb_surfaces_memory(void)
+{
+    return &remembered.memory;
 }
 
 void directfb_surfaces_end_use(void)

@@ -10,6 +10,14 @@
 
 #include <directfb.h>
 #include <core/coretypes.h>
+#include <fusion/object.h>
+
+/** Where the processor finds the pixels of an allocation. */
+typedef struct DirectFBMemory {
+    FusionObjectID allocation;  /**< 0 for none. */
+    void *address;
+    unsigned int pitch;
+} DirectFBMemory;
 
 /**
  * Finds the surface @p id, which is then not destroyed until the use ends; a use must not wait for anything. One thread
@@ -19,6 +27,12 @@ CoreSurface *directfb_surfaces_begin_use(DFBSurfaceID id);
 
 /** To be called after a use that has begun. */
 void directfb_surfaces_end_use(void);
+
+/**
+ * Memory of the remembered surface that is known to stay where it is, for the caller to keep and find again; that of no
+ * allocation once another surface is remembered.
+ */
+DirectFBMemory *directfb_surfaces_memory(void);
 
 /** Forgets the remembered surface and gives the pool its own function back. */
 void directfb_surfaces_forget(void);

@@ -12,8 +12,8 @@ inline bool names_part(unsigned int handle)
 }
 
 /// The handle of a part of a surface, the same each time as long as the surface lives; 0 without memory. Memory is taken
-/// only for parts that are new.
-unsigned int handle_of_part(const DirectFBPart& part);
+/// only for parts that are new. Not inlined: who asks for a whole surface's handle passes by.
+[[gnu::noinline]] unsigned int handle_of_part(const DirectFBPart& part);
 
 /// The part of a part's handle; NULL when it is gone.
 const DirectFBPart* find_part(unsigned int handle);

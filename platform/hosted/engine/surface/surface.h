@@ -45,7 +45,7 @@ private:
     }
 
     /// Leaves the pixels of a part. Answers a zuvo_error.
-    int cut(const DirectFBPart& part);
+    [[gnu::noinline]] int cut(const DirectFBPart& part);
 
     DirectFBCoreUse use_;
     bool is_open_;
