@@ -10,7 +10,7 @@ using testing::HasSubstr;
 using testing::MatchesRegex;
 using testing::SizeIs;
 
-const char* const all_programs[] = {"dtk_demo", "dtk_bench", "gallery", "guide_pictures", "hello",
+const char* const all_programs[] = {"dtk_demo", "dtk_bench", "dtk_trace", "dtk_replay", "gallery", "guide_pictures", "hello",
                                     "df_chart", "df_clock", "df_paint"};
 
 class Program : public testing::TestWithParam<const char*> {};

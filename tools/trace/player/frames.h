@@ -1,0 +1,25 @@
+#ifndef TOOLS_TRACE_PLAYER_FRAMES_H
+#define TOOLS_TRACE_PLAYER_FRAMES_H
+
+#include "../call.h"
+
+namespace trace {
+
+/// A frame of a trace: its calls up to a Flip. What is drawn behind the last Flip is one more.
+struct Frame {
+    std::size_t end;        ///< The index behind its last call.
+    std::uint32_t surface;  ///< What is shown at its end, 0 for nothing.
+};
+
+std::vector<Frame> frames_of(const Trace& trace);
+
+/// The size of the first surface that is shown, or 640 x 480.
+struct Extent {
+    int width = 640, height = 480;
+};
+
+Extent extent_of(const Trace& trace);
+
+} // namespace trace
+
+#endif
