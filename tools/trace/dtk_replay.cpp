@@ -4,6 +4,7 @@
 #include <optional>
 #include <stdexcept>
 
+#include "compare/compare_trace.h"
 #include "player/files.h"
 #include "player/frames.h"
 #include "player/player.h"
@@ -65,12 +66,7 @@ private:
 
     void play(const Call& call)
     {
-        try {
-            times_.add_call(call, time([&] { player_.play(call); }));
-        } catch (const std::runtime_error& error) {
-            throw std::runtime_error(options_.file + ": call " + std::to_string(next_ + 1) + ", " + call.name() + ", at " +
-                                     std::to_string(call.place) + ": " + error.what());
-        }
+        naming_call(options_.file, call, next_, [&] { times_.add_call(call, time([&] { player_.play(call); })); });
     }
 
     void save(const Frame& frame)
@@ -143,6 +139,8 @@ int run(const ReplayOptions& options, const std::vector<std::string>& words)
                      trace.calls.size());
     if (!options.text.empty() || !options.binary.empty())
         convert(options, trace);
+    else if (options.compare)
+        return compare_trace(options, trace, words);
     else
         replay(options, trace, words);
     return 0;

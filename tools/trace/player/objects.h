@@ -1,7 +1,7 @@
 #ifndef TOOLS_TRACE_PLAYER_OBJECTS_H
 #define TOOLS_TRACE_PLAYER_OBJECTS_H
 
-#include <deque>
+#include <map>
 #include <stdexcept>
 
 #include <dtkhddvd.h>
@@ -20,7 +20,7 @@ struct Toolkit {
     unsigned references = 0;
     bool has_ended = false;         ///< All references have been given back.
     unsigned attach_count = 0;      ///< How many references on DirectFB it has taken.
-    bool has_scratch_pad = false;
+    bool has_directfb = false, has_scratch_pad = false;
     std::uint32_t target = 0, pen = 0, texture = 0;     ///< Their numbers, 0 for none.
     DFBColor stroke = {255, 255, 255, 255}, fill = {255, 255, 255, 255};
 };
@@ -39,33 +39,39 @@ struct Surface {
     DFBSurfacePixelFormat format = DSPF_UNKNOWN;
 };
 
-/// The objects of one kind by their numbers, which grow by one.
+/// The objects of one kind by their numbers. 0 stands for NULL.
 template <typename Object>
 class Numbered {
 public:
-    Numbered() { objects_.emplace_back(); }
-
-    /// @throws std::runtime_error for a number that the trace has not got to yet.
+    /// @throws std::runtime_error for a number that the trace has not named yet.
     Object& at(std::uint32_t number)
     {
-        if (number >= objects_.size())
+        const auto found = objects_.find(number);
+        if (found == objects_.end())
             throw std::runtime_error("it has an object that was never made");
-        return objects_[number];
+        return found->second;
     }
 
-    /// The object of a number that may be the next one.
-    Object& add(std::uint32_t number)
+    /// The object of a number that may be a new one.
+    Object& add(std::uint32_t number) { return objects_[number]; }
+
+    /// Calls `visit(number, object)` for each.
+    template <typename Visit>
+    void for_each(Visit&& visit)
     {
-        if (number == objects_.size())
-            objects_.emplace_back();
-        return at(number);
+        for (auto& [number, object] : objects_)
+            visit(number, object);
     }
-
-    auto begin() { return objects_.begin(); }
-    auto end() { return objects_.end(); }
 
 private:
-    std::deque<Object> objects_;    ///< The first one stands for NULL.
+    std::map<std::uint32_t, Object> objects_ = make_null();
+
+    static std::map<std::uint32_t, Object> make_null()
+    {
+        std::map<std::uint32_t, Object> objects;
+        objects[0];
+        return objects;
+    }
 };
 
 } // namespace trace

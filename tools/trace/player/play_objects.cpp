@@ -41,14 +41,14 @@ DFBResult Player::declare_surface(Arguments& arguments)
 /// A window that changes its size is a new surface here, and the toolkits on it go along.
 void Player::reattach(std::uint32_t target)
 {
-    for (Toolkit& toolkit : toolkits_) {
+    toolkits_.for_each([&](std::uint32_t, Toolkit& toolkit) {
         if (!toolkit.toolkit || toolkit.target != target)
-            continue;
+            return;
         spend_scratch_pad(toolkit, target);
         DetachDFBSurfaceToDrawingToolkit_HDDVD(toolkit.toolkit);
         if (!AttachDFBSurfaceToDrawingToolkit_HDDVD(toolkit.toolkit, surfaces_.at(target).surface.get()))
             note_attachment(toolkit, target);
-    }
+    });
 }
 
 DFBResult Player::set_pixels(const Call& call)
@@ -85,6 +85,7 @@ DFBResult Player::create(Arguments& arguments)
     Toolkit& toolkit = toolkits_.add(number);
     if (toolkit.toolkit || toolkit.has_ended)
         throw std::runtime_error("it makes a toolkit twice");
+    toolkit.has_directfb = dfb != nullptr;
     toolkit.has_scratch_pad = use_scratch_pad;
     spend_scratch_pad(toolkit, target);
 

@@ -40,21 +40,21 @@ std::optional<DFBResult> Player::play(const Call& call)
 
 Player::~Player()
 {
-    for (Toolkit& toolkit : toolkits_) {
+    toolkits_.for_each([&](std::uint32_t, Toolkit& toolkit) {
         if (toolkit.toolkit)
             drop(toolkit);
-    }
-    for (Pen& pen : pens_) {
+    });
+    pens_.for_each([](std::uint32_t, Pen& pen) {
         for (unsigned count = pen.references + pen.holders; count > 0; --count)
             pen.pen->Release(pen.pen);
-    }
+    });
 }
 
 /// Gives back every reference, and what its life took from DirectFB: each attach takes one reference there, and the end
 /// gives back one, whether or not one was taken.
 void Player::drop(Toolkit& toolkit)
 {
-    if (toolkit.attach_count == 0)
+    if (toolkit.has_directfb && toolkit.attach_count == 0)
         dfb_->AddRef(dfb_);
     for (; toolkit.references > 0; --toolkit.references)
         toolkit.toolkit->Release(toolkit.toolkit);

@@ -1,6 +1,8 @@
 #ifndef TOOLS_TRACE_PLAYER_PLAYER_H
 #define TOOLS_TRACE_PLAYER_PLAYER_H
 
+#include <deque>
+
 #include "arguments.h"
 #include "objects.h"
 
