@@ -382,3 +382,22 @@ TEST(Comparing, FindsNothingWhereNothingDiffers)
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, EndsWith("drawings\n       0 differ without being documented\n"));
 }
+
+/// The traces that the benchmarks play.
+class Kept : public testing::TestWithParam<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(Of, Kept, testing::Values("df_chart", "df_clock", "df_menu", "df_paint", "test_dtkhd"));
+
+TEST_P(Kept, TracePlaysOnBothBackEndsAndGoesThroughText)
+{
+    const std::string path = std::string(TRACES "/") + GetParam() + ".dtk", text = temporary_file("kept.txt");
+    const Outcome outcome = run("dtk_replay --compare --frame 1 '" + path + "'");
+    EXPECT_EQ(outcome.status, 0) << outcome.output;
+    EXPECT_EQ(run("dtk_replay --text " + text + " '" + path + "'").output, "") << "it is whole";
+    const std::string again = temporary_file("kept.dtk");
+    EXPECT_EQ(run("dtk_replay --binary " + again + " " + text).status, 0);
+    EXPECT_EQ(bytes_of(again), bytes_of(path));
+    EXPECT_LT(bytes_of(path).size(), 20 * lines_of(bytes_of(text)).size());
+    std::filesystem::remove(text);
+    std::filesystem::remove(again);
+}

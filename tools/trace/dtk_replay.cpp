@@ -44,9 +44,7 @@ public:
     void play()
     {
         const std::vector<Frame> frames = frames_of(trace_);
-        if (options_.frame > frames.size())
-            throw std::runtime_error("the trace has no more than " + std::to_string(frames.size()) + " frames");
-        const std::size_t count = options_.frame ? options_.frame : frames.size();
+        const std::size_t count = count_of(frames, options_.frame);
         for (std::size_t i = 0; i < count && goes_on_ && !is_interrupted; ++i)
             play(frames[i]);
         if (!options_.png.empty())

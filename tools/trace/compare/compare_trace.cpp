@@ -47,7 +47,7 @@ int compare_trace(const ReplayOptions& options, const Trace& trace, const std::v
     const tools::Platform platform(extent.width, extent.height, tools::BackEnd::hardware, tools::without_window(words));
     Comparison comparison(platform.dfb());
     const std::vector<Frame> frames = frames_of(trace);
-    const std::size_t end = options.frame && options.frame <= frames.size() ? frames[options.frame - 1].end : trace.calls.size();
+    const std::size_t end = frames[count_of(frames, options.frame) - 1].end;
     for (std::size_t i = 0; i < end; ++i)
         naming_call(options.file, trace.calls[i], i, [&] { comparison.play(trace.calls[i], i); });
     report(options, trace, comparison);

@@ -1,6 +1,7 @@
 #include "frames.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <unordered_map>
 
 namespace trace {
@@ -52,6 +53,13 @@ std::vector<Frame> frames_of(const Trace& trace)
     if (drawn || frames.empty())
         frames.push_back({trace.calls.size(), drawn});
     return frames;
+}
+
+std::size_t count_of(const std::vector<Frame>& frames, std::size_t last)
+{
+    if (last > frames.size())
+        throw std::runtime_error("the trace has no more than " + std::to_string(frames.size()) + " frames");
+    return last ? last : frames.size();
 }
 
 Extent extent_of(const Trace& trace)

@@ -13,6 +13,11 @@ struct Frame {
 
 std::vector<Frame> frames_of(const Trace& trace);
 
+/// How many frames there are up to @p last, or in all when it is 0.
+///
+/// @throws std::runtime_error when there are not so many.
+std::size_t count_of(const std::vector<Frame>& frames, std::size_t last);
+
 /// The size of the first surface that is shown, or 640 x 480.
 struct Extent {
     int width = 640, height = 480;

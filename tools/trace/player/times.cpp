@@ -15,10 +15,10 @@ double median(std::vector<double> values)
     return *middle;
 }
 
-/// Neither belongs to the toolkit's work.
+/// Clear, Flip, and what is made before the drawing begins.
 bool is_surroundings(const Call& call)
 {
-    return call.number() == Number::clear || call.number() == Number::flip;
+    return call.number() < Number::set_stroke_color;
 }
 
 } // namespace
@@ -65,13 +65,13 @@ void Times::print() const
         all.push_back(frame.all);
         longest = std::max(longest, frame.all);
     }
-    std::printf("%zu frames: median %.0f us, without Clear and Flip %.0f us; longest %.0f us\n", frames_.size(), median(all),
+    std::printf("%zu frames: median %.0f us, of it drawing %.0f us; longest %.0f us\n", frames_.size(), median(all),
                 median_drawing(), longest);
 }
 
 void Times::print_frames(FILE* file) const
 {
-    std::fputs("frame,microseconds,without Clear and Flip\n", file);
+    std::fputs("frame,microseconds,drawing\n", file);
     for (std::size_t i = 0; i < frames_.size(); ++i)
         std::fprintf(file, "%zu,%.1f,%.1f\n", i + 1, frames_[i].all, frames_[i].drawing);
 }

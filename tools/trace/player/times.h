@@ -21,7 +21,7 @@ public:
     std::size_t frame_count() const { return frames_.size(); }
     std::size_t call_count() const { return call_count_; }
 
-    /// The median of the frames without Clear and Flip, 0 for none.
+    /// The median of the frames' drawing: without Clear, Flip and the making of toolkits. 0 for no frame.
     double median_drawing() const;
 
     /// A table of the functions, and a line about the frames.
