@@ -6,7 +6,7 @@ set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/dtkhddvd)
 
 set(programs "")
 if(TARGET dtk_demo)
-  set(programs dtk_bench dtk_demo test_dtkhd zuvo_check)
+  set(programs dtk_bench dtk_demo dtk_replay dtk_trace test_dtkhd zuvo_check)
 endif()
 
 # An rpath that CMake is to change at the installation ends with an empty entry, which is the current folder. So these
@@ -34,6 +34,8 @@ endif()
 if(programs)
   set_target_properties(${programs} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
   install(TARGETS ${programs} RUNTIME COMPONENT tools)
+  # dtk_trace puts it before the libraries of other programs.
+  install(TARGETS dtk_recorder LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/dtkhddvd COMPONENT tools)
   install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools FILES_MATCHING PATTERN *.1)
 endif()
 install(FILES include/dtkhddvd.h include/dtkhddvd.hpp

@@ -79,9 +79,29 @@ CLI::Option* Program::add_path(const std::string& name, std::string& path, const
     return add_option(name, path, description)->type_name("PATH")->check(CLI::Validator(refuse_nothing, ""));
 }
 
+void Program::take_command(std::vector<std::string>& command)
+{
+    command_ = &command;
+    prefix_command();
+    footer("PROGRAM [ARGUMENT...] follows the options. " + get_footer());
+}
+
+/// CLI11 takes an option that it does not know as the beginning of the command.
+void Program::read_command(int argc, char** argv)
+{
+    parse(argc, argv);
+    *command_ = remaining();
+    if (command_->empty())
+        throw CLI::RequiredError("PROGRAM");
+    if (command_->front()[0] == '-')
+        throw CLI::ExtrasError({command_->front()});
+}
+
 /// CLI11 takes the arguments in reverse order.
 void Program::read(int argc, char** argv)
 {
+    if (command_)
+        return read_command(argc, argv);
     std::vector<std::string> others;
     for (int i = argc - 1; i > 0; --i)
         (is_platform_word(argv[i]) ? words_ : others).push_back(argv[i]);

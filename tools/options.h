@@ -30,6 +30,10 @@ public:
     /// Adds an option that takes the path of a file or a folder.
     CLI::Option* add_path(const std::string& name, std::string& path, const std::string& description);
 
+    /// Takes everything from the first argument that is no option as @p command, the program to run and its arguments, with
+    /// those for DirectFB and the platform.
+    void take_command(std::vector<std::string>& command);
+
     /// Reads the command line and does the program's @p work.
     ///
     /// @return The exit status: what @p work returned, 1 when it throws or standard output cannot be written, 2 when the
@@ -41,9 +45,11 @@ public:
 
 private:
     void read(int argc, char** argv);
+    void read_command(int argc, char** argv);
     int fail(int status, const std::string& message) const;
 
     std::vector<std::string> words_;
+    std::vector<std::string>* command_ = nullptr;
 };
 
 /// Takes numbers from @p smallest to 1000000000.

@@ -41,7 +41,8 @@ case $case_name in
         expect_in_place include/dtkhddvd/dtkhddvd.h include/dtkhddvd/dtkhddvd.hpp include/dtkhddvd/zuvo.h \
             "$LIBRARIES/libdtkhddvd.so.$VERSION" "$LIBRARIES/libzuvo.so.$VERSION" \
             "$LIBRARIES/pkgconfig/dtkhddvd.pc" "$LIBRARIES/cmake/dtkhddvd/dtkhddvdConfig.cmake" \
-            bin/dtk_demo bin/dtk_bench bin/test_dtkhd bin/zuvo_check share/man/man1/dtk_demo.1 \
+            bin/dtk_demo bin/dtk_bench bin/test_dtkhd bin/zuvo_check bin/dtk_trace bin/dtk_replay "$LIBRARIES/dtkhddvd/dtk_recorder.so" share/man/man1/dtk_demo.1 \
+            share/man/man1/dtk_trace.1 share/man/man1/dtk_replay.1 \
             share/man/man1/dtk_bench.1 share/man/man1/test_dtkhd.1 share/man/man1/zuvo_check.1 \
             share/man/man3/dtkhddvd.3 share/doc/dtkhddvd/examples/hello.c
         [ -z "$HAS_WINDOW" ] || expect_in_place "$LIBRARIES/zuvo/libzuvo_window.so"
@@ -87,7 +88,7 @@ case $case_name in
         ;;
     examples_compile)
         cd "$PREFIX/share/doc/dtkhddvd/examples"
-        for name in hello df_chart df_clock df_paint; do
+        for name in hello df_chart df_clock df_menu df_paint; do
             more_sources=screen.c
             [ $name != df_paint ] || more_sources="$(echo df_paint_*.c) screen.c"
             compile "$CC -Wall -Wextra -Werror" $name.c dtkhddvd libpng

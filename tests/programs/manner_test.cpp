@@ -10,8 +10,8 @@ using testing::HasSubstr;
 using testing::MatchesRegex;
 using testing::SizeIs;
 
-const char* const all_programs[] = {"dtk_demo", "dtk_bench", "gallery", "guide_pictures", "hello",
-                                    "df_chart", "df_clock", "df_paint"};
+const char* const all_programs[] = {"dtk_demo", "dtk_bench", "dtk_trace", "dtk_replay", "gallery", "guide_pictures", "hello",
+                                    "df_chart", "df_clock", "df_menu", "df_paint"};
 
 class Program : public testing::TestWithParam<const char*> {};
 
@@ -22,7 +22,8 @@ class PictureFile : public testing::TestWithParam<const char*> {};
 
 INSTANTIATE_TEST_SUITE_P(Written, PictureFile,
                          testing::Values("dtk_demo --frames 1 --png", "gallery", "guide_pictures pens", "hello --png",
-                                         "df_chart --png", "df_clock --png", "df_paint --png"));
+                                         "df_chart --png", "df_clock --png", "df_menu --png",
+                                         "df_paint --png"));
 
 const char dead_display[] = "DISPLAY=:987";
 

@@ -30,6 +30,7 @@ const Kept kept_pictures[] = {
     {"pictures/hello.png", "hello --png @"},
     {"pictures/clock.png", "df_clock --png @"},
     {"pictures/chart.png", "df_chart --png @"},
+    {"pictures/menu.png", "df_menu --png @"},
     {"pictures/paint.png", "df_paint --png @"},
 #ifdef PYTHON_EXAMPLE
     {"pictures/rosette.png", PYTHON_EXAMPLE " --png @"},

@@ -13,7 +13,7 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 const char demo[] = "dtk_demo --frames 1 --size 320x240";
-const char* const examples[] = {"hello", "df_chart", "df_clock", "df_paint"};
+const char* const examples[] = {"hello", "df_chart", "df_clock", "df_menu", "df_paint"};
 const char no_display[] = ": there is no display; --png FILE writes the picture to a file\n";
 const char dead_displays[][60] = {"DISPLAY=:987", "WAYLAND_DISPLAY=gone", "DISPLAY=:987 WAYLAND_DISPLAY=gone"};
 

@@ -82,7 +82,7 @@ INSTANTIATE_TEST_SUITE_P(Of, Server, testing::Values("", "-extension GLX", "-ext
 
 class Example : public testing::TestWithParam<const char*> {};
 
-INSTANTIATE_TEST_SUITE_P(Named, Example, testing::Values("hello", "df_chart", "df_clock", "df_paint"));
+INSTANTIATE_TEST_SUITE_P(Named, Example, testing::Values("hello", "df_chart", "df_clock", "df_menu", "df_paint"));
 
 } // namespace
 
