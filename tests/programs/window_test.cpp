@@ -75,9 +75,9 @@ class Server : public testing::TestWithParam<const char*> {};
 
 INSTANTIATE_TEST_SUITE_P(Of, Server, testing::Values("", "-extension GLX", "-extension MIT-SHM"));
 
-class Example : public testing::TestWithParam<const char*> {};
+class Example : public testing::TestWithParam<std::string> {};
 
-INSTANTIATE_TEST_SUITE_P(Named, Example, testing::Values("hello", "df_chart", "df_clock", "df_paint"));
+INSTANTIATE_TEST_SUITE_P(Named, Example, testing::ValuesIn(examples()));
 
 } // namespace
 
@@ -142,7 +142,7 @@ TEST_P(Example, EndsWhenItsWindowIsClosed)
     const XServer server;
     const WindowManager manager(server);
     Program program(server.environment(), GetParam());
-    EXPECT_TRUE(manager.close(std::string(GetParam()) + " (F11"));
+    EXPECT_TRUE(manager.close(GetParam() + " (F11"));
     EXPECT_EQ(program.wait().status, 0);
 }
 
@@ -159,11 +159,11 @@ TEST_P(Example, EndsBySignalsAsAnyProgramDoes)
 {
     const XServer server;
     for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
-        Program program(server.environment(), std::string(GetParam()) + "; echo unreachable");
+        Program program(server.environment(), GetParam() + "; echo unreachable");
         EXPECT_TRUE(has_window(server, GetParam()));
         program.signal(number);
         const Outcome outcome = program.wait();
-        EXPECT_EQ(outcome.status, -1);
+        EXPECT_EQ(outcome.signal, number);
         EXPECT_THAT(outcome.output, testing::Not(HasSubstr("Caught")));
     }
 }
