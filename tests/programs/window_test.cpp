@@ -155,6 +155,18 @@ TEST_P(Example, EndsWhenItsWindowIsKilled)
     expect_end_without_display(program.wait());
 }
 
+/// What is drawn next has no place any more.
+TEST(AClock, EndsWhenAnotherProgramDestroysItsWindow)
+{
+    const XServer server;
+    Program program(server.environment(), "df_clock");
+    EXPECT_TRUE(has_window(server, "df_clock"));
+    EXPECT_TRUE(server.run("xdotool windowclose $(xwininfo -root -children | awk '/F11/ { print $1 }')"));
+    const Outcome outcome = program.wait();
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "");
+}
+
 TEST_P(Example, EndsBySignalsAsAnyProgramDoes)
 {
     const XServer server;
