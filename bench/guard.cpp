@@ -1,12 +1,12 @@
 // dtk_guard: draws each item of the table once with each back end, for callgrind to count its instructions.
 
 #include <cstdio>
-#include <exception>
 #include <list>
 
 #include <valgrind/callgrind.h>
 
 #include "items.h"
+#include "options.h"
 #include "toolkit_painter.h"
 
 using namespace bench;
@@ -49,13 +49,11 @@ void count_all()
 } // namespace
 
 /// The toolkit's library exports a main of its own, which this one stands before.
-int main()
+int main(int argc, char** argv)
 {
-    try {
+    tools::Program program("Draws each item of the table once with each back end, for callgrind.", "dtk_guard");
+    return program.run(argc, argv, [] {
         count_all();
         return 0;
-    } catch (const std::exception& failure) {
-        std::fprintf(stderr, "dtk_guard: %s\n", failure.what());
-        return 1;
-    }
+    });
 }

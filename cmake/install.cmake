@@ -42,7 +42,7 @@ install(FILES include/dtkhddvd.h include/dtkhddvd.hpp
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/dtkhddvd COMPONENT development)
 set(example_dir ${CMAKE_INSTALL_DOCDIR}/examples)
 install(DIRECTORY examples/ DESTINATION ${example_dir} COMPONENT documentation
-  FILES_MATCHING PATTERN hello.c PATTERN df_*.[ch] PATTERN screen.*)
+  FILES_MATCHING PATTERN hello.c PATTERN df_*.[ch] PATTERN screen.* PATTERN dtkhddvd_cffi.py)
 install(PROGRAMS examples/df_rosette.py DESTINATION ${example_dir} COMPONENT documentation)
 install(DIRECTORY docs/man/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT development FILES_MATCHING PATTERN *.3)
 

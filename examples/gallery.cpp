@@ -5,9 +5,9 @@
 #include <dtkhddvd.h>
 
 #include "options.h"
+#include "picture_output.h"
 #include "platform.h"
 #include "sheet.h"
-#include "write_png.h"
 
 namespace {
 
@@ -165,26 +165,26 @@ void draw_shapes(const tools::Platform& platform, IDirectFBSurface* sheet)
     }
 }
 
-void draw_gallery(const std::string& file, const tools::Platform& platform)
+tools::Sheet draw_gallery(const tools::Platform& platform)
 {
-    const tools::Sheet sheet(platform.dfb(), sheet_width, sheet_height);
+    tools::Sheet sheet(platform.dfb(), sheet_width, sheet_height);
     sheet.fill_checks({margin, margin + caption_height, columns * cell_width, rows * cell_height}, 10);
     draw_captions(sheet);
     draw_shapes(platform, sheet.surface());
-    tools::write_png(file, sheet.surface());
+    return sheet;
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    std::string file;
     tools::BackEnd back_end = tools::BackEnd::any;
-    tools::Program program("Draws every primitive in every manner on one sheet. No window is opened.", "gallery");
-    program.add_path("file", file, "the PNG file to write")->required();
+    tools::Program program("Draws every primitive in every manner on one sheet.", "gallery");
+    const tools::PictureOutput output(program);
     program.add_back_end(back_end);
     return program.run(argc, argv, [&] {
-        draw_gallery(file, {sheet_width, sheet_height, back_end, tools::without_window(program.words())});
+        const tools::Platform platform(sheet_width, sheet_height, back_end, output.platform_arguments());
+        output.put(platform, draw_gallery(platform).surface());
         return 0;
     });
 }

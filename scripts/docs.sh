@@ -12,8 +12,8 @@ rm -rf "$directory/html"
 DTKHDDVD_DOCS=$directory DTKHDDVD_THEME=/usr/share/doxygen-awesome-css doxygen docs/Doxyfile ||
     fail "the documentation has faults: see above"
 
-# Where Doxygen loses its way in a table or a link it leaves tags and brackets in the text.
-! grep -lE 'ilinebr|&lt;td|\]\([a-z]' "$directory"/html/*.html || fail "these pages have a broken table or link: see above"
+# Where Doxygen loses its way in a table or a link it leaves tags, brackets, or the page's own file in the text.
+! grep -lE -e 'ilinebr|&lt;t[dr]|\]\([a-z]|@ref' -e "$root/" "$directory"/html/*.html || fail "these pages have a broken table or link: see above"
 # linkchecker gives up root's rights, with which alone it might be able to read the build directory.
 copy=$(mktemp -d)
 trap 'rm -rf "$copy"' EXIT

@@ -13,7 +13,7 @@ packages_of() {
             echo libcli11-dev nlohmann-json3-dev
             ;;
         test)
-            echo libgtest-dev libgmock-dev valgrind python3-cffi mandoc doxygen doxygen-awesome-css linkchecker file abigail-tools dpkg-dev git
+            echo libgtest-dev libgmock-dev valgrind python3-cffi mandoc doxygen doxygen-awesome-css linkchecker file abigail-tools dpkg-dev git bats
             # Other users of cairo, and a font.
             echo libpango1.0-dev python3-cairo fonts-dejavu-core
             # Displays, and what acts for the person in front of them.

@@ -133,8 +133,7 @@ DFBResult BenchStage::draw_round(ItemPainter& painter, Outcome& outcome) const
     return DFB_OK;
 }
 
-DFBResult BenchStage::draw_all(ItemPainter& painter, Outcome& outcome,
-                               const volatile std::sig_atomic_t& is_interrupted) const
+DFBResult BenchStage::draw_all(ItemPainter& painter, Outcome& outcome, const Interruption& interruption) const
 {
     const Clock::time_point start = Clock::now();
     const double cpu_start = cpu_seconds();
@@ -143,7 +142,7 @@ DFBResult BenchStage::draw_all(ItemPainter& painter, Outcome& outcome,
             return result;
         wait_until_drawn();
         outcome.seconds = std::chrono::duration<double>(Clock::now() - start).count();
-    } while (!has_drawn_enough(outcome) && !is_interrupted);
+    } while (!has_drawn_enough(outcome) && !interruption.has_come());
     outcome.cpu_seconds = cpu_seconds() - cpu_start;
     return DFB_OK;
 }
@@ -170,7 +169,7 @@ void BenchStage::write_picture(const BenchItem& item, BackEnd back_end) const
     write_png(options_.dump + "/" + file_name(item.name, back_end), picture.get());
 }
 
-Outcome BenchStage::measure(const BenchItem& item, BackEnd back_end, const volatile std::sig_atomic_t& is_interrupted)
+Outcome BenchStage::measure(const BenchItem& item, BackEnd back_end, const Interruption& interruption)
 {
     show_engine(back_end == BackEnd::hardware);
     ItemPainter painter(platform_.dfb(), surface_.get(), item, platform_.has_engine());
@@ -183,7 +182,7 @@ Outcome BenchStage::measure(const BenchItem& item, BackEnd back_end, const volat
         return outcome;
     wait_until_drawn();
     outcome.pixels = count_pixels(surface_.get(), pixel_format(options_));
-    outcome.result = outcome.pixels ? draw_all(painter, outcome, is_interrupted) : DFB_UNSUPPORTED;
+    outcome.result = outcome.pixels ? draw_all(painter, outcome, interruption) : DFB_UNSUPPORTED;
     if (outcome.is_drawn()) {
         draw_picture(painter, item);
         write_picture(item, back_end);

@@ -1,11 +1,10 @@
 #ifndef TOOLS_BENCH_MEASURE_H
 #define TOOLS_BENCH_MEASURE_H
 
-#include <csignal>
-
 #include "bench_items.h"
 #include "bench_options.h"
 #include "bench_row.h"
+#include "interruption.h"
 
 namespace tools {
 
@@ -15,14 +14,14 @@ public:
     /// @throws std::runtime_error when the surface cannot be had.
     BenchStage(const BenchOptions& options, const Platform& platform);
 
-    /// Draws @p item by one back end until the time is over or enough has been drawn, or @p is_interrupted.
-    Outcome measure(const BenchItem& item, BackEnd back_end, const volatile std::sig_atomic_t& is_interrupted);
+    /// Draws @p item by one back end until the time is over or enough has been drawn, or somebody ends it.
+    Outcome measure(const BenchItem& item, BackEnd back_end, const Interruption& interruption);
 
     Size size() const { return size_; }
 
 private:
     DFBResult draw_round(ItemPainter& painter, Outcome& outcome) const;
-    DFBResult draw_all(ItemPainter& painter, Outcome& outcome, const volatile std::sig_atomic_t& is_interrupted) const;
+    DFBResult draw_all(ItemPainter& painter, Outcome& outcome, const Interruption& interruption) const;
     bool has_drawn_enough(const Outcome& outcome) const;
     void draw_picture(ItemPainter& painter, const BenchItem& item) const;
     void write_picture(const BenchItem& item, BackEnd back_end) const;

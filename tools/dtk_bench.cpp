@@ -1,4 +1,3 @@
-#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <stdexcept>
@@ -6,6 +5,7 @@
 #include "bench_files.h"
 #include "bench_measure.h"
 #include "bench_table.h"
+#include "interruption.h"
 #include "progress.h"
 
 namespace {
@@ -14,13 +14,6 @@ using tools::BackEnd;
 using tools::BenchItem;
 using tools::BenchOptions;
 using tools::BenchRow;
-
-volatile std::sig_atomic_t is_interrupted = 0;
-
-void interrupt(int)
-{
-    is_interrupted = 1;
-}
 
 /// Those that are asked for, or all that there are.
 std::vector<BackEnd> back_ends_of(const BenchOptions& options, const tools::Platform& platform)
@@ -50,7 +43,7 @@ std::vector<BenchItem> wanted_items(const BenchOptions& options)
 
 /// An item that was interrupted is left out.
 std::vector<BenchRow> measure_all(const BenchOptions& options, tools::BenchStage& stage, const std::vector<BenchItem>& items,
-                                  const std::vector<BackEnd>& back_ends)
+                                  const std::vector<BackEnd>& back_ends, const tools::Interruption& interruption)
 {
     const tools::Progress progress;
     std::vector<BenchRow> rows;
@@ -59,9 +52,9 @@ std::vector<BenchRow> measure_all(const BenchOptions& options, tools::BenchStage
         progress.show(tools::step_of(rows.size() + 1, items.size()) + item.name, done);
         BenchRow row = {item.name, {}};
         for (const BackEnd back_end : back_ends)
-            row.outcomes.push_back(stage.measure(item, back_end, is_interrupted));
+            row.outcomes.push_back(stage.measure(item, back_end, interruption));
         progress.wipe();
-        if (is_interrupted)
+        if (interruption.has_come())
             break;
         if (!options.no_results)
             print_row(row);
@@ -90,21 +83,24 @@ void print_heading(const BenchOptions& options, const tools::Platform& platform,
 int run_bench(const BenchOptions& options, const std::vector<std::string>& words)
 {
     const std::vector<BenchItem> items = wanted_items(options);
-    tools::ResultFile csv(options.csv), json(options.json);
     if (!options.dump.empty())
         create_folder(options.dump);
+    tools::ResultFile csv(options.csv), json(options.json);
 
     const tools::Platform platform(1280, 720, options.back_end, options.window ? words : tools::without_window(words));
+    if (options.window)
+        platform.require_display();
+    const tools::Interruption interruption(platform.dfb());
     const std::vector<BackEnd> back_ends = back_ends_of(options, platform);
     tools::BenchStage stage(options, platform);
     if (!options.no_results)
         print_heading(options, platform, stage.size(), names_of(back_ends));
-    const std::vector<BenchRow> rows = measure_all(options, stage, items, back_ends);
+    const std::vector<BenchRow> rows = measure_all(options, stage, items, back_ends, interruption);
     if (csv.is_wanted())
         csv.write(tools::as_csv(names_of(back_ends), rows));
     if (json.is_wanted())
         json.write(tools::as_json(options, names_of(back_ends), rows));
-    if (is_interrupted)
+    if (interruption.has_come())
         throw std::runtime_error("interrupted; the results up to there have been written");
     return 0;
 }
@@ -117,7 +113,6 @@ int main(int argc, char** argv)
     tools::Program program("Measures how many shapes and pixels the toolkit draws in a second, by both back ends side by side.",
                            "dtk_bench");
     tools::add_options(program, options);
-    std::signal(SIGINT, interrupt);
-    std::signal(SIGTERM, interrupt);
+    tools::catch_signals();
     return program.run(argc, argv, [&] { return run_bench(options, program.words()); });
 }

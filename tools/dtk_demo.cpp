@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <optional>
 #include <thread>
@@ -10,6 +9,7 @@
 
 #include "demo_options.h"
 #include "error_filter.h"
+#include "interruption.h"
 #include "phase_times.h"
 #include "platform.h"
 #include "progress.h"
@@ -20,8 +20,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 
-volatile std::sig_atomic_t interrupted = 0;
-
 /// test_dtkhd draws until a call fails. Its calls of Flip come here, and the one that shows the last frame fails.
 struct Run {
     DFBResult (*flip)(IDirectFBSurface* surface, const DFBRegion* region, DFBSurfaceFlipFlags flags);
@@ -29,7 +27,7 @@ struct Run {
     const char* manner;
     Clock::time_point start;
     int frames;
-    IDirectFBEventBuffer* events;
+    const tools::Interruption* interruption;
     tools::PhaseTimes phases;
     const tools::Progress* progress;
 };
@@ -41,21 +39,10 @@ double seconds_since_start()
     return Seconds(Clock::now() - run.start).count();
 }
 
-/// Closing the window presses it, too.
-bool was_escape_pressed()
-{
-    DFBEvent event;
-    while (run.events->GetEvent(run.events, &event) == DFB_OK) {
-        if (event.input.type == DIET_KEYPRESS && event.input.key_symbol == DIKS_ESCAPE)
-            interrupted = 1;
-    }
-    return interrupted;
-}
-
 bool was_last_frame()
 {
     const tools::DemoOptions& options = *run.options;
-    return was_escape_pressed() || (options.frames && run.frames >= options.frames) ||
+    return run.interruption->has_come() || (options.frames && run.frames >= options.frames) ||
            (options.seconds > 0 && seconds_since_start() >= options.seconds);
 }
 
@@ -91,11 +78,6 @@ DFBResult flip_and_count(IDirectFBSurface* surface, const DFBRegion* region, DFB
     return was_last_frame() ? DFB_INTERRUPTED : DFB_OK;
 }
 
-void interrupt(int)
-{
-    interrupted = 1;
-}
-
 void report(double seconds)
 {
     const int frames = run.frames;
@@ -117,8 +99,8 @@ double draw_frames(IDirectFB* dfb, IDirectFBSurface* surface)
     run.flip = surface->Flip;
     surface->Flip = flip_and_count;
     run.frames = 0;
-    tools::check(dfb->CreateInputEventBuffer(dfb, DICAPS_KEYS, DFB_TRUE, &run.events), "cannot listen to the keyboard");
-    const tools::Owned<IDirectFBEventBuffer> events(run.events);
+    const tools::Interruption interruption(dfb);
+    run.interruption = &interruption;
     run.start = Clock::now();
 
     const DFBResult result = test_dtkhd(dfb, surface);
@@ -168,8 +150,7 @@ int main(int argc, char** argv)
                            "F11 makes it full screen. Escape, closing the window and Ctrl-C end the program after the frame.",
                            "dtk_demo");
     tools::add_options(program, options);
-    std::signal(SIGINT, interrupt);
-    std::signal(SIGTERM, interrupt);
+    tools::catch_signals();
     return program.run(argc, argv, [&] {
         demonstrate(options, program.words());
         return 0;

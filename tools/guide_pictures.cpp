@@ -6,9 +6,9 @@
 #include <dtkhddvd.hpp>
 
 #include "options.h"
+#include "picture_output.h"
 #include "platform.h"
 #include "sheet.h"
-#include "write_png.h"
 
 namespace {
 
@@ -189,16 +189,16 @@ const Picture& picture_named(const std::string& name)
 
 int main(int argc, char** argv)
 {
-    std::string name, file;
+    std::string name;
     tools::BackEnd back_end = tools::BackEnd::software;
     tools::Program program("Draws a picture of the guide.", "guide_pictures");
     program.add_option("name", name, "pens, patterns, scratch-pad or back-end")->required();
-    program.add_path("file", file, "the PNG file to write")->required();
+    const tools::PictureOutput output(program);
     program.add_back_end(back_end);
     return program.run(argc, argv, [&] {
         const Picture& picture = picture_named(name);
-        const Platform platform(640, 480, back_end, tools::without_window(program.words()));
-        tools::write_png(file, picture.draw(platform).surface());
+        const Platform platform(640, 480, back_end, output.platform_arguments());
+        output.put(platform, picture.draw(platform).surface());
         return 0;
     });
 }

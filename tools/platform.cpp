@@ -64,6 +64,12 @@ void configure(IDirectFBDisplayLayer* layer, int width, int height)
     check(layer->SetBackgroundMode(layer, DLBM_COLOR), "cannot set the background");
 }
 
+DFBEnumerationResult count_device(DFBInputDeviceID, DFBInputDeviceDescription, void* count)
+{
+    ++*static_cast<int*>(count);
+    return DFENUM_OK;
+}
+
 } // namespace
 
 BackEnd back_end_named(const std::string& name)
@@ -146,6 +152,15 @@ Owned<IDirectFBSurface> Platform::layer_surface(int width, int height) const
     IDirectFBSurface* surface = nullptr;
     check(layer->GetSurface(layer.get(), &surface), "cannot get the surface of the graphics layer");
     return Owned<IDirectFBSurface>(surface);
+}
+
+/// A display comes with a keyboard; where DirectFB draws into memory alone there is none.
+void Platform::require_display() const
+{
+    int count = 0;
+    check(dfb_->EnumInputDevices(dfb_, count_device, &count), "cannot look for a keyboard");
+    if (count == 0)
+        throw std::runtime_error("there is no display; without --window none is needed");
 }
 
 bool Platform::has_engine() const

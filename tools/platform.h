@@ -61,6 +61,9 @@ public:
     /// The surface of the graphics layer, configured to @p width x @p height pixels.
     Owned<IDirectFBSurface> layer_surface(int width, int height) const;
 
+    /// @throws std::runtime_error where nobody sees what is drawn on the graphics layer.
+    void require_display() const;
+
     /// Whether toolkits draw through the platform's drawing engine.
     bool has_engine() const;
 

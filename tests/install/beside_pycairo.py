@@ -1,5 +1,5 @@
-"""beside_pycairo.py EXAMPLES DIRECTFB-OPTION FIRST SECOND: imports pycairo (cairo) and the Python example (df_rosette) in
-this order and lets both draw. Fails where a pixel is not what it should be."""
+"""beside_pycairo.py EXAMPLES DIRECTFB-OPTION FIRST SECOND: imports pycairo (cairo) and what the Python examples share
+(screen) in this order and lets both draw. Fails where a pixel is not what it should be."""
 import gzip
 import importlib
 import os
@@ -10,14 +10,15 @@ examples, option, *order = sys.argv[1:]
 sys.argv = ["beside_pycairo", option]
 sys.path.insert(0, examples)
 modules = {name: importlib.import_module(name) for name in order}
-cairo, example = modules["cairo"], modules["df_rosette"]
+cairo, screen = modules["cairo"], modules["screen"]
+from dtkhddvd_cffi import FILL, FLIP_BLIT, call, ffi
 
 ORANGE = bytes([0xF0, 0x80, 0x20])
 
 
-def last_pixel_of_dump(screen):
+def last_pixel_of_dump(surface):
     with tempfile.TemporaryDirectory() as folder:
-        example.call(screen, "Dump", folder.encode(), b"shown")
+        call(surface, "Dump", folder.encode(), b"shown")
         names = [name for name in os.listdir(folder) if ".ppm" in name]
         with open(os.path.join(folder, names[0]), "rb") as file:
             content = file.read()
@@ -26,18 +27,17 @@ def last_pixel_of_dump(screen):
 
 def pixel_by_toolkit():
     """A filled polygon, which the toolkit leaves to cairo."""
-    dfb, _ = example.start_directfb()
-    screen = example.create_screen(dfb)
-    toolkit = example.ffi.new("DTKHDDVD **")
-    example.check(example.dtkhddvd.CreateDrawingToolkit_HDDVD(dfb, screen, 0, toolkit), "CreateDrawingToolkit_HDDVD")
-    corners = example.ffi.new("DFBPoint[]", [(0, 0), (900, 0), (900, 900), (0, 900)])
-    example.call(toolkit[0], "SetFillColor", *ORANGE, 0xFF)
-    example.call(toolkit[0], "Polygon", corners, 4, 1, example.FILL)
-    example.call(toolkit[0], "Release")
-    example.call(screen, "Flip", example.ffi.NULL, example.FLIP_BLIT)
-    pixel = last_pixel_of_dump(screen)
-    example.call(screen, "Release")
-    example.call(dfb, "Release")
+    dfb = screen.start_directfb()
+    surface = screen.create_primary_surface(dfb, 440, 440)
+    toolkit = screen.create_toolkit(dfb, surface, use_scratch_pad=0)
+    corners = ffi.new("DFBPoint[]", [(0, 0), (900, 0), (900, 900), (0, 900)])
+    call(toolkit, "SetFillColor", *ORANGE, 0xFF)
+    call(toolkit, "Polygon", corners, 4, 1, FILL)
+    call(toolkit, "Release")
+    call(surface, "Flip", ffi.NULL, FLIP_BLIT)
+    pixel = last_pixel_of_dump(surface)
+    call(surface, "Release")
+    call(dfb, "Release")
     return pixel
 
 

@@ -107,7 +107,7 @@ case $case_name in
         cmp "$work"/dtk*.png "$work"/pango*.png || wrong "the order of linking shows"
         ;;
     pycairo_draws_beside_it)
-        for order in 'cairo df_rosette' 'df_rosette cairo'; do
+        for order in 'cairo screen' 'screen cairo'; do
             # shellcheck disable=SC2086 # The modules are split.
             LD_LIBRARY_PATH="$libraries" "$PYTHON" -B "$here/beside_pycairo.py" "$PREFIX/share/doc/dtkhddvd/examples" \
                 "$headless" $order || wrong "fails: $order"

@@ -1,7 +1,5 @@
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <set>
 
 #include <gmock/gmock.h>
@@ -22,12 +20,6 @@ const char quick[] = "dtk_bench --duration 0.001 --size 40x30 ";
 
 /// What is measured with one back end: shapes per second, MPixel per second, CPU load.
 const std::string rates = " +[0-9]+ +[0-9]+\\.[0-9] +[0-9]+ %";
-
-std::string contents(const std::string& file)
-{
-    std::ifstream stream(file);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 } // namespace
 
@@ -121,13 +113,14 @@ TEST(Bench, DumpsSurfacesOfEveryFormat)
 
 TEST(Bench, AnInterruptKeepsWhatHasBeenMeasured)
 {
-    const std::string file = temporary_file("interrupted.csv");
-    const Outcome outcome = run_command("dtk_bench --duration 0.1 --backend software --csv " + file +
-                                        " & sleep 0.7; kill $!; wait $!");
+    const std::string file = temporary_file("interrupted.csv"), folder = temporary_file("interrupted");
+    const Outcome outcome = run_command("dtk_bench --duration 0.1 --backend software --csv " + file + " --dump " + folder +
+                                        " & until [ -e " + folder + "/Rectangle-software.png ]; do sleep 0.02; done; kill $!; wait $!");
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.output, EndsWith("dtk_bench: interrupted; the results up to there have been written\n"));
+    EXPECT_THAT(outcome.output, HasSubstr("dtk_bench: interrupted; the results up to there have been written\n"));
     EXPECT_THAT(lines_of(contents(file)), SizeIs(Gt(1)));
-    std::remove(file.c_str());
+    std::filesystem::remove(file);
+    std::filesystem::remove_all(folder);
 }
 
 TEST(Bench, SaysWhatASurfaceCannotTake)

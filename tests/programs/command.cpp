@@ -1,6 +1,8 @@
 #include "command.h"
 
 #include <cstdio>
+#include <fstream>
+#include <iterator>
 #include <sstream>
 
 #include <png.h>
@@ -9,6 +11,16 @@
 
 #include <gtest/gtest.h>
 
+Outcome outcome_of(int status, const std::string& output)
+{
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, output, WIFSIGNALED(status) ? WTERMSIG(status) : 0};
+}
+
+std::string program(const std::string& line)
+{
+    return "exec '" PROGRAMS "'/" + line;
+}
+
 Outcome run_command(const std::string& line, const std::string& environment)
 {
     const std::string command = environment + " '" PROGRAMS "'/" + line;
@@ -16,14 +28,23 @@ Outcome run_command(const std::string& line, const std::string& environment)
     if (!pipe)
         return {-1, "cannot start the shell"};
 
-    Outcome outcome = {-1, ""};
+    std::string output;
     char part[4096];
     while (const std::size_t length = std::fread(part, 1, sizeof part, pipe))
-        outcome.output.append(part, length);
-    const int status = pclose(pipe);
-    if (WIFEXITED(status))
-        outcome.status = WEXITSTATUS(status);
-    return outcome;
+        output.append(part, length);
+    return outcome_of(pclose(pipe), output);
+}
+
+std::string contents(const std::string& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+std::vector<std::string> examples()
+{
+    std::istringstream names(EXAMPLES);
+    return {std::istream_iterator<std::string>(names), {}};
 }
 
 std::vector<std::string> lines_of(const std::string& text)

@@ -1,9 +1,10 @@
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 
 #include <gmock/gmock.h>
 
-#include "command.h"
+#include "process.h"
 
 namespace {
 
@@ -117,8 +118,10 @@ TEST(Demo, PictureThatCannotBeWrittenFailsWithItsName)
 
 TEST(Demo, TerminationEndsItCleanlyAfterTheFrame)
 {
-    const Outcome outcome = run_command("dtk_demo --frames 999999999 --size 640x480 & "
-                                        "sleep 1; kill $!; wait $!");
+    Process demo(program("dtk_demo --frames 999999999 --size 640x480"));
+    EXPECT_TRUE(demo.says("msec for the last 20 frames")) << demo.output();
+    demo.signal(SIGTERM);
+    const Outcome outcome = demo.wait();
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.output, HasSubstr(" frames per second, "));
 }

@@ -1,6 +1,8 @@
+#include <csignal>
+
 #include <gmock/gmock.h>
 
-#include "command.h"
+#include "process.h"
 
 /// What all programs have in common, without a display: how they are asked, and how they end.
 namespace {
@@ -8,22 +10,33 @@ namespace {
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::MatchesRegex;
+using testing::Not;
 using testing::SizeIs;
 
-const char* const all_programs[] = {"dtk_demo", "dtk_bench", "dtk_trace", "dtk_replay", "gallery", "guide_pictures", "hello",
-                                    "df_chart", "df_clock", "df_menu", "df_paint"};
+std::vector<std::string> all_programs()
+{
+    std::vector<std::string> programs = {"dtk_demo", "dtk_bench", "dtk_trace", "dtk_replay", "gallery", "guide_pictures"};
+    for (const std::string& example : examples())
+        programs.push_back(example);
+    return programs;
+}
 
-class Program : public testing::TestWithParam<const char*> {};
+std::vector<std::string> pictures_to_file()
+{
+    std::vector<std::string> lines = {"dtk_demo --frames 1 --png", "gallery", "guide_pictures pens"};
+    for (const std::string& example : examples())
+        lines.push_back(example + " --png");
+    return lines;
+}
 
-INSTANTIATE_TEST_SUITE_P(Named, Program, testing::ValuesIn(all_programs));
+class Program : public testing::TestWithParam<std::string> {};
+
+INSTANTIATE_TEST_SUITE_P(Named, Program, testing::ValuesIn(all_programs()));
 
 /// How each program is told to write a picture.
-class PictureFile : public testing::TestWithParam<const char*> {};
+class PictureFile : public testing::TestWithParam<std::string> {};
 
-INSTANTIATE_TEST_SUITE_P(Written, PictureFile,
-                         testing::Values("dtk_demo --frames 1 --png", "gallery", "guide_pictures pens", "hello --png",
-                                         "df_chart --png", "df_clock --png", "df_menu --png",
-                                         "df_paint --png"));
+INSTANTIATE_TEST_SUITE_P(Written, PictureFile, testing::ValuesIn(pictures_to_file()));
 
 const char dead_display[] = "DISPLAY=:987";
 
@@ -31,39 +44,39 @@ const char dead_display[] = "DISPLAY=:987";
 
 TEST_P(Program, HelpsWithoutADisplay)
 {
-    const Outcome outcome = run_command(std::string(GetParam()) + " --help", dead_display);
+    const Outcome outcome = run_command(GetParam() + " --help", dead_display);
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.output, HasSubstr("Usage: " + std::string(GetParam()) + " ["));
+    EXPECT_THAT(outcome.output, HasSubstr("Usage: " + GetParam() + " ["));
     EXPECT_THAT(outcome.output, HasSubstr("--version"));
     EXPECT_THAT(outcome.output, HasSubstr("--dfb:"));
-    EXPECT_THAT(outcome.output, testing::Not(HasSubstr("zuvo: no window")));
+    EXPECT_THAT(outcome.output, Not(HasSubstr("zuvo: no window")));
 }
 
 TEST_P(Program, NamesItsVersionWithoutADisplay)
 {
-    const Outcome outcome = run_command(std::string(GetParam()) + " --version", dead_display);
+    const Outcome outcome = run_command(GetParam() + " --version", dead_display);
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.output, MatchesRegex(std::string(GetParam()) + " [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    EXPECT_THAT(outcome.output, MatchesRegex(GetParam() + " [0-9]+\\.[0-9]+\\.[0-9]+\n"));
 }
 
 TEST_P(Program, RefusesAnUnknownOptionWithOneLine)
 {
-    const Outcome outcome = run_command(std::string(GetParam()) + " --no-such-option", dead_display);
+    const Outcome outcome = run_command(GetParam() + " --no-such-option", dead_display);
     EXPECT_EQ(outcome.status, 2);
     EXPECT_THAT(lines_of(outcome.output), SizeIs(1)) << outcome.output;
-    EXPECT_THAT(outcome.output, HasSubstr(std::string(GetParam()) + ": "));
+    EXPECT_THAT(outcome.output, HasSubstr(GetParam() + ": "));
 }
 
 TEST_P(Program, SaysThatStandardOutputIsFull)
 {
-    const Outcome outcome = run_command(std::string(GetParam()) + " --help > /dev/full");
+    const Outcome outcome = run_command(GetParam() + " --help > /dev/full");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.output, EndsWith("No space left on device\n"));
 }
 
 TEST_P(PictureFile, CannotGoToAFullDisk)
 {
-    const Outcome outcome = run_command(std::string(GetParam()) + " /dev/full");
+    const Outcome outcome = run_command(GetParam() + " /dev/full");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.output, EndsWith(": cannot write /dev/full: No space left on device\n"));
     EXPECT_EQ(run_command("dtk_demo --version > /dev/null; test -c /dev/full").status, 0) << "and the device is still there";
@@ -71,7 +84,7 @@ TEST_P(PictureFile, CannotGoToAFullDisk)
 
 TEST_P(PictureFile, CannotGoIntoAFolderThatIsNotThere)
 {
-    const Outcome outcome = run_command(std::string(GetParam()) + " /nonexistent/picture.png");
+    const Outcome outcome = run_command(GetParam() + " /nonexistent/picture.png");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.output, EndsWith(": cannot write /nonexistent/picture.png: No such file or directory\n"));
 }
@@ -105,13 +118,14 @@ TEST(AClosedPipe, EndsWhateverWritesToIt)
     }
 }
 
-/// 128 and the number of the signal, which the shell tells.
 TEST(Signals, EndTheBenchmarkProgramAsTheyEndAnyOther)
 {
-    const std::pair<const char*, int> signals[] = {{"HUP", 129}, {"TERM", 143}, {"USR1", 138}};
-    for (const auto& [name, status] : signals) {
-        const Outcome outcome = run_command("test_dtkhd 2> /dev/null & sleep 0.5; kill -" + std::string(name) + " $!; wait $!");
-        EXPECT_EQ(outcome.status, status) << name;
-        EXPECT_EQ(outcome.output.find("Caught"), std::string::npos);
+    for (const int number : {SIGHUP, SIGTERM, SIGUSR1}) {
+        Process frames(program("test_dtkhd"));
+        EXPECT_TRUE(frames.says("--lets begin--\n"));
+        frames.signal(number);
+        const Outcome outcome = frames.wait();
+        EXPECT_EQ(outcome.signal, number);
+        EXPECT_THAT(outcome.output, Not(HasSubstr("Caught")));
     }
 }

@@ -1,12 +1,15 @@
+#include <csignal>
+
 #include <directfb.h>
 #include <gmock/gmock.h>
 
-#include "command.h"
+#include "process.h"
 
 namespace {
 
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using testing::StartsWith;
 
 const char directfb_words[] = " --dfb:quiet,no-cursor";
@@ -57,8 +60,14 @@ TEST(TestDtkhd, WithoutDirectFBReportsAndTearsDown)
 
 TEST(TestDtkhd, TheProgramDrawsFrames)
 {
-    const std::string line = "test_dtkhd" + std::string(directfb_words) + ",no-sighandler";
-    const Outcome outcome = run_command(line + " & sleep 1; kill $!");
-    EXPECT_THAT(outcome.output, StartsWith("--DirectFB Initialized--\n--Creating texture--\n--Creating toolkit--\n"
-                                           "--Creating pens--\n--lets begin--\n"));
+    Process frames(program("test_dtkhd" + std::string(directfb_words) + ",no-sighandler"));
+    EXPECT_TRUE(frames.says("CLEA ")) << "the end of the report on the first 20 frames";
+    frames.signal(SIGTERM);
+    EXPECT_THAT(frames.wait().output, StartsWith("--DirectFB Initialized--\n--Creating texture--\n--Creating toolkit--\n"
+                                                 "--Creating pens--\n--lets begin--\n"));
+    std::vector<std::string> report = lines_of(frames.output());
+    ASSERT_GE(report.size(), 16u);
+    EXPECT_THAT(report[5], MatchesRegex("[0-9]+ msec for the last 20 frames - > [0-9]+\\.[0-9]{3} FPS"));
+    for (std::size_t i = 6; i < 16; ++i)
+        EXPECT_THAT(report[i], MatchesRegex("[A-Za-z]+ +[0-9]+ms"));
 }

@@ -20,10 +20,7 @@ public:
     /// Sends events by xdotool.
     void send(const std::string& events) const { EXPECT_TRUE(server_.run("xdotool " + events)) << events; }
 
-    bool hears(const std::string& text) const
-    {
-        return await([&] { return process_.output().find(text) != std::string::npos; });
-    }
+    bool hears(const std::string& text) const { return process_.says(text); }
 
     const XServer& server() const { return server_; }
     Process& process() { return process_; }

@@ -52,7 +52,7 @@ TEST_P(LayerMode, IsShown)
     EXPECT_TRUE(shows(80 + 160, 0x00FF00));
     EXPECT_TRUE(shows(80 + 320, 0x0000FF));
     EXPECT_TRUE(shows(80 + 639, 0xFFFFFF));
-    EXPECT_TRUE(await([&] { return program.output().find(" ms\n") != std::string::npos; }));
+    EXPECT_TRUE(program.says(" ms\n"));
     EXPECT_THAT(program.output(), HasSubstr("640x480x32 "));
     EXPECT_THAT(program.output(), HasSubstr("1920x1080x32 "));
 }
@@ -62,7 +62,7 @@ TEST(Modes, FlipsWaitForTheDisplay)
     const XServer server;
     Process program("exec env " + server.environment() + " '" PROGRAMS "'/" +
                     modes_program({"", DSPF_ARGB, DLBM_BACKVIDEO}));
-    EXPECT_TRUE(await([&] { return program.output().find(" ms\n") != std::string::npos; }));
+    EXPECT_TRUE(program.says(" ms\n"));
     const std::string output = program.output();
     EXPECT_GE(std::atoi(output.c_str() + output.rfind('\n', output.size() - 2) + 1), 75) << "5 frames of 1/60 s and a part";
 }

@@ -13,7 +13,6 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 const char demo[] = "dtk_demo --frames 1 --size 320x240";
-const char* const examples[] = {"hello", "df_chart", "df_clock", "df_menu", "df_paint"};
 const char no_display[] = ": there is no display; --png FILE writes the picture to a file\n";
 const char dead_displays[][60] = {"DISPLAY=:987", "WAYLAND_DISPLAY=gone", "DISPLAY=:987 WAYLAND_DISPLAY=gone"};
 
@@ -46,29 +45,29 @@ TEST(DeadDisplay, Ends100Of100StartsInOrder)
 
 TEST(DeadDisplay, EndsExamplesWithALineThatTellsTheWayWithoutOne)
 {
-    for (const char* example : examples) {
+    for (const std::string& example : examples()) {
         const Outcome outcome = run_command(example, dead_displays[0]);
         EXPECT_EQ(outcome.status, 1) << example;
         EXPECT_THAT(outcome.output, StartsWith("zuvo: no window: "));
-        EXPECT_THAT(outcome.output, EndsWith(std::string(example) + no_display));
+        EXPECT_THAT(outcome.output, EndsWith(example + no_display));
         EXPECT_EQ(count(outcome.output, "\n"), 2u);
     }
 }
 
 TEST(NoDisplay, EndsExamplesWithALineThatTellsTheWayWithoutOne)
 {
-    for (const char* example : examples) {
+    for (const std::string& example : examples()) {
         const Outcome outcome = run_command(example);
         EXPECT_EQ(outcome.status, 1) << example;
-        EXPECT_EQ(outcome.output, example + std::string(no_display));
+        EXPECT_EQ(outcome.output, example + no_display);
     }
 }
 
 TEST(DeadDisplay, ExamplesAreDrawnWithoutAWindow)
 {
     const std::string file = temporary_file("drawn.png");
-    for (const char* example : examples) {
-        const Outcome outcome = run_command(std::string(example) + " --png " + file, dead_displays[0]);
+    for (const std::string& example : examples()) {
+        const Outcome outcome = run_command(example + " --png " + file, dead_displays[0]);
         EXPECT_EQ(outcome.status, 0) << example;
         EXPECT_EQ(outcome.output, "");
         EXPECT_FALSE(read_png(file).pixels.empty());

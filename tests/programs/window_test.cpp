@@ -80,9 +80,9 @@ class Server : public testing::TestWithParam<const char*> {};
 
 INSTANTIATE_TEST_SUITE_P(Of, Server, testing::Values("", "-extension GLX", "-extension MIT-SHM"));
 
-class Example : public testing::TestWithParam<const char*> {};
+class Example : public testing::TestWithParam<std::string> {};
 
-INSTANTIATE_TEST_SUITE_P(Named, Example, testing::Values("hello", "df_chart", "df_clock", "df_menu", "df_paint"));
+INSTANTIATE_TEST_SUITE_P(Named, Example, testing::ValuesIn(examples()));
 
 } // namespace
 
@@ -163,7 +163,7 @@ TEST_P(Example, EndsWhenItsWindowIsClosed)
     const XServer server;
     const WindowManager manager(server);
     Program program(server.environment(), GetParam());
-    EXPECT_TRUE(manager.close(std::string(GetParam()) + " (F11"));
+    EXPECT_TRUE(manager.close(GetParam() + " (F11"));
     EXPECT_EQ(program.wait().status, 0);
 }
 
@@ -176,15 +176,27 @@ TEST_P(Example, EndsWhenItsWindowIsKilled)
     expect_end_without_display(program.wait());
 }
 
+/// What is drawn next has no place any more.
+TEST(AClock, EndsWhenAnotherProgramDestroysItsWindow)
+{
+    const XServer server;
+    Program program(server.environment(), "df_clock");
+    EXPECT_TRUE(has_window(server, "df_clock"));
+    EXPECT_TRUE(server.run("xdotool windowclose $(xwininfo -root -children | awk '/F11/ { print $1 }')"));
+    const Outcome outcome = program.wait();
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "");
+}
+
 TEST_P(Example, EndsBySignalsAsAnyProgramDoes)
 {
     const XServer server;
     for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
-        Program program(server.environment() + "; ulimit -c 0", std::string(GetParam()) + "; echo unreachable");
+        Program program(server.environment() + "; ulimit -c 0", GetParam() + "; echo unreachable");
         EXPECT_TRUE(has_window(server, GetParam()));
         program.signal(number);
         const Outcome outcome = program.wait();
-        EXPECT_EQ(outcome.status, -1);
+        EXPECT_EQ(outcome.signal, number);
         EXPECT_THAT(outcome.output, testing::Not(HasSubstr("Caught")));
     }
 }

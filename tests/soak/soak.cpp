@@ -1,5 +1,6 @@
 /// Draws random scenes for a long time by both back ends and watches that memory does not grow and that equal seeds
 /// give equal pictures.
+#include "options.h"
 #include "scene.h"
 
 #include "zuvo.h"
@@ -9,8 +10,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <getopt.h>
 #include <malloc.h>
+#include <stdexcept>
 #include <thread>
 #include <unistd.h>
 
@@ -22,11 +23,6 @@ constexpr unsigned warm_up_scenes = 600;
 constexpr long allowed_growth = 1024;   // kB
 constexpr long unsettled = 1024;        // kB
 
-struct Options {
-    double minutes = 0;
-    unsigned scenes = 0;
-};
-
 struct World {
     IDirectFB* dfb;
     IDirectFBSurface* target;
@@ -35,24 +31,7 @@ struct World {
 
 [[noreturn]] void fail(const char* message)
 {
-    std::fprintf(stderr, "soak: %s\n", message);
-    std::exit(1);
-}
-
-Options read_options(int argc, char** argv)
-{
-    static const option names[] = {
-        {"minutes", required_argument, nullptr, 'm'}, {"scenes", required_argument, nullptr, 's'}, {}};
-    Options options;
-    for (int choice; (choice = getopt_long(argc, argv, "", names, nullptr)) != -1;) {
-        if (choice == 'm')
-            options.minutes = std::atof(optarg);
-        else if (choice == 's')
-            options.scenes = static_cast<unsigned>(std::atoi(optarg));
-    }
-    if (optind < argc || (options.minutes <= 0 && options.scenes == 0))
-        fail("usage: soak --minutes N | --scenes N");
-    return options;
+    throw std::runtime_error(message);
 }
 
 IDirectFBSurface* make_surface(IDirectFB* dfb, int w, int h)
@@ -141,17 +120,15 @@ private:
     std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
-} // namespace
-
-int main(int argc, char** argv)
+/// Draws for so long, so many scenes at least, and until memory can have settled.
+int soak_for(double minutes, unsigned scenes)
 {
-    const Options options = read_options(argc, argv);
     const World world = start();
     const Clock clock;
     const long in_use_at_first = heap_in_use();
     long warm = 0, greatest = 0;
     unsigned seed = 0;
-    while (seed < std::max(options.scenes, warm_up_scenes + 1) || clock.minutes() < options.minutes) {
+    while (seed < std::max(scenes, warm_up_scenes + 1) || clock.minutes() < minutes) {
         for (const bool has_engine : {false, true}) {
             draw_scenes(world, has_engine, seed);
             wait_for_directfb(in_use_at_first);
@@ -168,4 +145,18 @@ int main(int argc, char** argv)
     if (greatest > warm + allowed_growth)
         fail("memory grew");
     return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    double minutes = 0;
+    unsigned scenes = 0;
+    tools::Program program("Draws random scenes by both back ends, for a time or a number of scenes, and watches the memory.", "soak");
+    CLI::Option_group* length = program.add_option_group("length", "how long");
+    length->add_option("--minutes", minutes, "draw for so long")->type_name("N")->check(tools::number_from(0.001));
+    length->add_option("--scenes", scenes, "draw so many scenes")->type_name("N")->check(tools::number_from(1));
+    length->require_option(1);
+    return program.run(argc, argv, [&] { return soak_for(minutes, scenes); });
 }

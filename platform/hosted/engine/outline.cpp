@@ -1,4 +1,4 @@
-#include "draw.h"
+#include "engine/draw.h"
 #include "engine.h"
 
 #include "engine/fill/box.h"

@@ -13,6 +13,7 @@ enum { patience = 2000000 };        /* Microseconds. */
 static struct {
     long long since;
     bool has_begun;
+    bool is_escape_pressed;
     bool has_signalled;
     bool is_display_lost;
 } closing;
@@ -20,7 +21,15 @@ static struct {
 void closing_reset(void)
 {
     closing.has_begun = false;
+    closing.is_escape_pressed = false;
     closing.has_signalled = false;
+}
+
+/* A program that is just setting up its layer may not get it at once. */
+static void press_escape(void)
+{
+    if (!closing.is_escape_pressed)
+        closing.is_escape_pressed = input_press_escape();
 }
 
 void closing_begin(bool is_display_lost)
@@ -30,7 +39,7 @@ void closing_begin(bool is_display_lost)
         return;
     closing.has_begun = true;
     closing.since = picture_clock();
-    input_press_escape();
+    press_escape();
 }
 
 static bool is_caught(int number)
@@ -49,7 +58,10 @@ static void end_program(void)
 
 void closing_insist(void)
 {
-    if (!closing.has_begun || picture_clock() - closing.since < patience)
+    if (!closing.has_begun)
+        return;
+    press_escape();
+    if (picture_clock() - closing.since < patience)
         return;
     if (closing.has_signalled || !is_caught(SIGTERM))
         end_program();

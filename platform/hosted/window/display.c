@@ -11,9 +11,10 @@
 
 enum { usual_frame_rate = 60 };
 
-static void (*lost)(void);
+static void (*lost)(void), (*lost_window)(void);
 static pthread_t owner;
 static XIOErrorHandler other_handler;
+static XErrorHandler other_error_handler;
 
 /*
  * Xlib ends the process when this returns. It has locked the display for this thread, in some calls so that XUnlockDisplay
@@ -25,6 +26,26 @@ static int on_lost_connection(Display *display)
         return other_handler(display);
     display->lock_fns = NULL;
     lost();
+    return 0;
+}
+
+/* A window, or its memory on the server, that was made here. */
+static bool is_own(const Display *display, const XErrorEvent *error)
+{
+    return (error->error_code == BadWindow || error->error_code == BadDrawable) &&
+           (error->resourceid & ~display->resource_mask) == display->resource_base;
+}
+
+/*
+ * Xlib would end the program. A window manager may take its frame away while SDL asks where it is, which is no harm. What was
+ * made here is missing after another program has destroyed the window.
+ */
+static int on_refused_request(Display *display, XErrorEvent *error)
+{
+    if (!pthread_equal(pthread_self(), owner))
+        return other_error_handler(display, error);
+    if (is_own(display, error))
+        lost_window();
     return 0;
 }
 
@@ -57,15 +78,19 @@ static bool is_x11(void)
     return !strcmp(SDL_GetCurrentVideoDriver(), "x11");
 }
 
-bool display_connect(void (*when_lost)(void))
+bool display_connect(void (*when_lost)(void), void (*when_window_lost)(void))
 {
     lost = when_lost;
+    lost_window = when_window_lost;
     owner = pthread_self();
     set_hints();
     SDL_SetMainReady();
+    // SDL keeps it behind its own one, and puts it back before the last answers of the server are read.
+    other_error_handler = XSetErrorHandler(on_refused_request);
     if (SDL_InitSubSystem(SDL_INIT_VIDEO)) {
         fprintf(stderr, "zuvo: no window: %s (DISPLAY='%s', WAYLAND_DISPLAY='%s')\n", SDL_GetError(), variable("DISPLAY"),
                 variable("WAYLAND_DISPLAY"));
+        XSetErrorHandler(other_error_handler);
         return false;
     }
     // The surface of a window would otherwise take the way through OpenGL, which may be computed by the CPU.
@@ -77,8 +102,9 @@ bool display_connect(void (*when_lost)(void))
 
 void display_disconnect(void)
 {
-    XSetIOErrorHandler(other_handler);
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    XSetErrorHandler(other_error_handler);
+    XSetIOErrorHandler(other_handler);
 }
 
 long display_frame_time(void)

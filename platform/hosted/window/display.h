@@ -11,8 +11,10 @@
  * Returns false, after one line on standard error, when no display can be reached.
  *
  * @param when_lost Called, in the middle of a call of SDL, when the X server has gone. It must not return, nor call SDL.
+ * @param when_window_lost Called, in the middle of a call of SDL, when another program has destroyed the window. It must not
+ *     call SDL.
  */
-bool display_connect(void (*when_lost)(void));
+bool display_connect(void (*when_lost)(void), void (*when_window_lost)(void));
 
 void display_disconnect(void);
 

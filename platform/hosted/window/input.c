@@ -23,15 +23,20 @@ void input_enable(bool is_enabled)
     input.is_enabled = is_enabled;
 }
 
-static void dispatch(DFBInputEvent *event)
+/* While a layer context ends it is lost. Returns whether it was handed over. */
+static bool dispatch(DFBInputEvent *event)
 {
+    bool is_dispatched = false;
+
     pthread_mutex_lock(&input.lock);
     if (input.device) {
-        if (contexts_hold())
+        is_dispatched = contexts_hold();
+        if (is_dispatched)
             dfb_input_dispatch(input.device, event);
         contexts_release_later();
     }
     pthread_mutex_unlock(&input.lock);
+    return is_dispatched;
 }
 
 /* ---- mouse ---- */
@@ -89,14 +94,14 @@ static DFBInputDeviceKeySymbol pressed_symbol(const SDL_Keysym *key)
     return key_symbol(key);
 }
 
-static void dispatch_key(DFBInputEventType type, DFBInputDeviceKeyIdentifier id, DFBInputDeviceKeySymbol symbol,
+static bool dispatch_key(DFBInputEventType type, DFBInputDeviceKeyIdentifier id, DFBInputDeviceKeySymbol symbol,
                          DFBInputEventFlags more)
 {
     DFBInputEvent event = {.type = type, .flags = DIEF_KEYID | more, .key_id = id, .key_symbol = symbol};
 
     if (symbol != DIKS_NULL)
         event.flags |= DIEF_KEYSYMBOL;
-    dispatch(&event);
+    return dispatch(&event);
 }
 
 static void take_key(const SDL_KeyboardEvent *key)
@@ -110,10 +115,12 @@ static void take_key(const SDL_KeyboardEvent *key)
                  key->repeat ? DIEF_REPEAT : DIEF_NONE);
 }
 
-void input_press_escape(void)
+bool input_press_escape(void)
 {
-    dispatch_key(DIET_KEYPRESS, DIKI_ESCAPE, DIKS_ESCAPE, DIEF_NONE);
+    const bool is_pressed = dispatch_key(DIET_KEYPRESS, DIKI_ESCAPE, DIKS_ESCAPE, DIEF_NONE);
+
     dispatch_key(DIET_KEYRELEASE, DIKI_ESCAPE, DIKS_ESCAPE, DIEF_NONE);
+    return is_pressed;
 }
 
 void input_take(const SDL_Event *event)

@@ -15,7 +15,7 @@ void input_enable(bool is_enabled);
 /** Hands an event of the mouse or the keyboard to DirectFB, and ignores all others. */
 void input_take(const SDL_Event *event);
 
-/** Presses and releases the Escape key. */
-void input_press_escape(void);
+/** Presses and releases the Escape key. Returns whether it could be handed to DirectFB, which may not be ready for it. */
+bool input_press_escape(void);
 
 #endif

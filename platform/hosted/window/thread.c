@@ -44,6 +44,12 @@ __attribute__((noreturn)) static void on_lost_display(void)
     pthread_exit(NULL);
 }
 
+/* Another program has destroyed it. */
+static void on_lost_window(void)
+{
+    closing_begin(false);
+}
+
 static void take_window_event(const SDL_WindowEvent *event)
 {
     switch (event->event) {
@@ -119,7 +125,7 @@ static void announce(bool is_connected)
 
 static void *run(void *nothing)
 {
-    const bool is_connected = display_connect(on_lost_display);
+    const bool is_connected = display_connect(on_lost_display, on_lost_window);
 
     (void)nothing;
     if (is_connected)
