@@ -2,6 +2,7 @@
 #define ZUVO_DRAW_H
 
 #include "engine/engine.h"
+#include "engine/paint/painter.h"
 #include "engine/surface/surface.h"
 
 namespace zuvo {
