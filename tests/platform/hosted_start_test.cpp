@@ -183,6 +183,13 @@ TEST_F(Hosted, DisplayIsFullHighDefinitionUnlessAskedOtherwise)
     EXPECT_EQ(size.h, 1080);
 }
 
+TEST_F(Hosted, DirectFBReadsTheEnvironmentWhereNothingWasStartedBefore)
+{
+    setenv("ZUVOARGS", "format=576", 1);
+    Arguments arguments({"program", headless});
+    EXPECT_EQ(layer_size(arguments).h, 576);
+}
+
 TEST_F(Hosted, LayerKeepsTheModeThatDirectFBWasAskedFor)
 {
     Arguments arguments({"program", "--dfb:system=dummy,quiet,no-cursor,no-sighandler,mode=320x200"});
