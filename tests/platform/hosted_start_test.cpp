@@ -183,10 +183,9 @@ TEST_F(Hosted, DisplayIsFullHighDefinitionUnlessAskedOtherwise)
     EXPECT_EQ(size.h, 1080);
 }
 
-TEST_F(Hosted, DirectFBReadsTheEnvironmentWhereNothingWasStartedBefore)
+TEST_F(Hosted, DirectFBTakesArgumentsWhereNothingWasStartedBefore)
 {
-    setenv("ZUVOARGS", "format=576", 1);
-    Arguments arguments({"program", headless});
+    Arguments arguments({"program", "--zuvo:format=576", headless});
     EXPECT_EQ(layer_size(arguments).h, 576);
 }
 
