@@ -183,6 +183,12 @@ TEST_F(Hosted, DisplayIsFullHighDefinitionUnlessAskedOtherwise)
     EXPECT_EQ(size.h, 1080);
 }
 
+TEST_F(Hosted, DirectFBTakesArgumentsWhereNothingWasStartedBefore)
+{
+    Arguments arguments({"program", "--zuvo:format=576", headless});
+    EXPECT_EQ(layer_size(arguments).h, 576);
+}
+
 TEST_F(Hosted, LayerKeepsTheModeThatDirectFBWasAskedFor)
 {
     Arguments arguments({"program", "--dfb:system=dummy,quiet,no-cursor,no-sighandler,mode=320x200"});

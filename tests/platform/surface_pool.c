@@ -3,10 +3,13 @@
 
 #include <core/core.h>
 #include <core/surface.h>
+#include <core/surface_allocation.h>
 #include <fusion/object.h>
+#include <misc/conf.h>
 #include <stdatomic.h>
 #include <time.h>
 
+#include "directfb_hold.h"
 #include "directfb_surfaces.h"
 
 DestroySurface get_destroy_surface(void)
@@ -67,6 +70,11 @@ void end_watch(void)
     core_dfb->shared->surface_pool->destructor = own_destructor;
 }
 
+void end_lookups(void)
+{
+    directfb_surfaces_forget();
+}
+
 Destruction get_destruction(void)
 {
     return atomic_load(&destruction);
@@ -85,4 +93,33 @@ bool begin_use(unsigned int id)
 void end_use(void)
 {
     directfb_surfaces_end_use();
+}
+
+bool can_be_held(unsigned int id)
+{
+    CoreSurfaceBufferLock lock = {0};
+    CoreSurface *surface = directfb_hold(id, &lock);
+    bool is_noted;
+
+    if (!surface)
+        return false;
+    is_noted = lock.allocation->accessed[CSAID_CPU] == (CSAF_READ | CSAF_WRITE);
+    lock.allocation->accessed[CSAID_CPU] = CSAF_NONE;
+    directfb_let_go(surface, &lock);
+    return is_noted;
+}
+
+void set_thrifty(bool is_thrifty)
+{
+    dfb_config->thrifty_surface_buffers = is_thrifty;
+}
+
+void mark_destroyed(unsigned int id, bool is_destroyed)
+{
+    CoreSurface *surface = NULL;
+
+    if (dfb_core_get_surface(core_dfb, id, &surface) != DFB_OK)
+        return;
+    surface->state = is_destroyed ? CSSF_DESTROYED : CSSF_NONE;
+    dfb_surface_unref(surface);
 }

@@ -31,8 +31,18 @@ typedef enum Destruction {
 void watch_destruction(void);
 Destruction get_destruction(void);
 
-/// Gives DirectFB its own function back.
+/// Whether the engine's short way to a surface's memory can be taken, and the memory is noted as written then.
+bool can_be_held(unsigned int id);
+
+/// Has DirectFB free the memory of surfaces that nobody uses, which the short way does not do.
+void set_thrifty(bool is_thrifty);
+
+/// Marks a surface as one that is being destroyed, or takes the mark away.
+void mark_destroyed(unsigned int id, bool is_destroyed);
+
+/// Gives DirectFB its own function back: after watch_destruction(), and without it.
 void end_watch(void);
+void end_lookups(void);
 
 #ifdef __cplusplus
 }
