@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "accel_session.h"
+#include "common/surface.h"
 #include "pixels/rows.h"
 
 namespace {
@@ -17,13 +18,7 @@ constexpr int side = 256;
 struct Surface {
     Surface(IDirectFB& directfb, DFBSurfacePixelFormat format)
     {
-        DFBSurfaceDescription description{};
-        description.flags =
-            static_cast<DFBSurfaceDescriptionFlags>(DSDESC_CAPS | DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT);
-        description.caps = DSCAPS_VIDEOONLY;
-        description.width = side;
-        description.height = side;
-        description.pixelformat = format;
+        const DFBSurfaceDescription description = common::describe(side, side, format, DSCAPS_VIDEOONLY);
         must(directfb.CreateSurface(&directfb, &description, &surface));
     }
     ~Surface() { surface->Release(surface); }

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "accel_session.h"
+#include "common/surface.h"
 #include "directfb_variant.h"
 
 namespace accel {
@@ -52,12 +53,7 @@ Canvases::~Canvases()
 
 void Canvases::add(const std::string& name, DFBSurfacePixelFormat format, DFBSurfaceCapabilities caps, int w, int h)
 {
-    DFBSurfaceDescription description{};
-    description.flags = DSDESC_CAPS | DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT;
-    description.caps = caps;
-    description.width = w;
-    description.height = h;
-    description.pixelformat = format;
+    const DFBSurfaceDescription description = common::describe(w, h, format, caps);
     Canvas canvas{name, nullptr, format, w, h, false};
     must(directfb_.CreateSurface(&directfb_, &description, &canvas.surface));
     clear(canvas);

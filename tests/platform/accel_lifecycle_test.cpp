@@ -4,6 +4,7 @@
 
 #include "driver/accel.h"
 #include "accel_session.h"
+#include "common/surface.h"
 
 namespace {
 
@@ -89,10 +90,7 @@ void expect_same(void (*program)(IDirectFB&, Lines&))
 /// The colour that a fill and a blend of 0x40ffffff over 0xff808080 leave.
 u32 blended_pixel(IDirectFB& directfb)
 {
-    DFBSurfaceDescription description{};
-    description.flags = static_cast<DFBSurfaceDescriptionFlags>(DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT);
-    description.width = description.height = 9;
-    description.pixelformat = DSPF_ARGB;
+    const DFBSurfaceDescription description = common::describe(9, 9);
     IDirectFBSurface *target = nullptr, *source = nullptr;
     must(directfb.CreateSurface(&directfb, &description, &target));
     must(directfb.CreateSurface(&directfb, &description, &source));

@@ -5,6 +5,7 @@
 
 #include "accel_canvases.h"
 #include "accel_session.h"
+#include "common/surface.h"
 
 namespace {
 
@@ -16,12 +17,7 @@ using accel::must;
 
 Canvas make(IDirectFB& directfb, DFBSurfacePixelFormat format, int width, int height)
 {
-    DFBSurfaceDescription description{};
-    description.flags = DSDESC_CAPS | DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT;
-    description.caps = DSCAPS_SYSTEMONLY;
-    description.width = width;
-    description.height = height;
-    description.pixelformat = format;
+    const DFBSurfaceDescription description = common::describe(width, height, format, DSCAPS_SYSTEMONLY);
     Canvas canvas{"", nullptr, format, width, height, false};
     must(directfb.CreateSurface(&directfb, &description, &canvas.surface));
     must(canvas.surface->Clear(canvas.surface, 0, 0, 0, 0));

@@ -5,6 +5,7 @@
 
 #include "accel_canvases.h"
 #include "accel_session.h"
+#include "common/surface.h"
 
 namespace {
 
@@ -16,11 +17,7 @@ using accel::must;
 
 Canvas make(IDirectFB& directfb, DFBSurfaceCapabilities caps)
 {
-    DFBSurfaceDescription description{};
-    description.flags = DSDESC_CAPS | DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT;
-    description.caps = caps;
-    description.width = description.height = 16;
-    description.pixelformat = DSPF_ARGB;
+    const DFBSurfaceDescription description = common::describe(16, 16, DSPF_ARGB, caps);
     Canvas canvas{"", nullptr, DSPF_ARGB, 16, 16, false};
     must(directfb.CreateSurface(&directfb, &description, &canvas.surface));
     must(canvas.surface->Clear(canvas.surface, 1, 2, 3, 4));

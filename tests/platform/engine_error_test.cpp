@@ -1,4 +1,5 @@
 #include "platform/hosted_session.h"
+#include "common/surface.h"
 
 #include <gtest/gtest.h>
 #include <set>
@@ -120,12 +121,7 @@ TEST_F(EngineErrors, RefusesOtherPixelFormats)
 
 TEST_F(EngineErrors, RefusesSurfacesThatKeepTheirFieldsApart)
 {
-    DFBSurfaceDescription description = {};
-    description.flags = static_cast<DFBSurfaceDescriptionFlags>(DSDESC_CAPS | DSDESC_WIDTH | DSDESC_HEIGHT |
-                                                                DSDESC_PIXELFORMAT);
-    description.caps = static_cast<DFBSurfaceCapabilities>(DSCAPS_INTERLACED | DSCAPS_SEPARATED);
-    description.width = description.height = 8;
-    description.pixelformat = DSPF_ARGB;
+    const DFBSurfaceDescription description = common::describe(8, 8, DSPF_ARGB, DSCAPS_INTERLACED | DSCAPS_SEPARATED);
     IDirectFBSurface* surface = nullptr;
     ASSERT_EQ(session.directfb->CreateSurface(session.directfb, &description, &surface), DFB_OK);
     const HostedSession::Surface separated(surface);

@@ -1,4 +1,5 @@
 #include "platform/hosted_session.h"
+#include "common/surface.h"
 
 #include <stdexcept>
 
@@ -25,11 +26,7 @@ HostedSession::~HostedSession()
 
 HostedSession::Surface HostedSession::make_surface(int width, int height, DFBSurfacePixelFormat format) const
 {
-    DFBSurfaceDescription description = {};
-    description.flags = static_cast<DFBSurfaceDescriptionFlags>(DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT);
-    description.width = width;
-    description.height = height;
-    description.pixelformat = format;
+    const DFBSurfaceDescription description = common::describe(width, height, format);
     IDirectFBSurface* surface = nullptr;
     if (directfb->CreateSurface(directfb, &description, &surface) != DFB_OK)
         throw std::runtime_error("no surface");

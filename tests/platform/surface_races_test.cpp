@@ -1,4 +1,5 @@
 #include "platform/hosted_session.h"
+#include "common/surface.h"
 #include "platform/meanwhile.h"
 #include "platform/surface_pool.h"
 
@@ -49,11 +50,7 @@ struct SurfaceRaces : testing::Test {
 
     HostedSession::Surface make_double(int width, int height) const
     {
-        DFBSurfaceDescription description = {};
-        description.flags = static_cast<DFBSurfaceDescriptionFlags>(DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_CAPS);
-        description.caps = DSCAPS_DOUBLE;
-        description.width = width;
-        description.height = height;
+        const DFBSurfaceDescription description = common::describe(width, height, DSPF_ARGB, DSCAPS_DOUBLE);
         IDirectFBSurface* surface = nullptr;
         EXPECT_EQ(session.directfb->CreateSurface(session.directfb, &description, &surface), DFB_OK);
         return HostedSession::Surface(surface);

@@ -1,4 +1,5 @@
 #include "platform/hosted_session.h"
+#include "common/surface.h"
 
 #include <atomic>
 #include <dtkhddvd.h>
@@ -56,10 +57,7 @@ void draw_everything(const Toolkit& toolkit, int i)
 /// Makes a surface, uses it in every way and gives it back.
 void use_another_surface(IDirectFB* dfb)
 {
-    DFBSurfaceDescription description = {};
-    description.flags = static_cast<DFBSurfaceDescriptionFlags>(DSDESC_CAPS | DSDESC_WIDTH | DSDESC_HEIGHT);
-    description.caps = DSCAPS_DOUBLE;
-    description.width = description.height = 50;
+    const DFBSurfaceDescription description = common::describe(50, 50, DSPF_ARGB, DSCAPS_DOUBLE);
     IDirectFBSurface* surface = nullptr;
     ASSERT_EQ(dfb->CreateSurface(dfb, &description, &surface), DFB_OK);
     void* pixels = nullptr;

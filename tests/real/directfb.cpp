@@ -1,5 +1,6 @@
 #include "real/directfb.h"
 
+#include "common/surface.h"
 #include "toolkit/records.h"
 #include "zuvo.h"
 
@@ -44,16 +45,6 @@ class DirectFBRun : public testing::Environment {
 
 const auto* const run = testing::AddGlobalTestEnvironment(new DirectFBRun);
 
-DFBSurfaceDescription describe(int width, int height, DFBSurfacePixelFormat format)
-{
-    DFBSurfaceDescription description = {};
-    description.flags = static_cast<DFBSurfaceDescriptionFlags>(DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT);
-    description.width = width;
-    description.height = height;
-    description.pixelformat = format;
-    return description;
-}
-
 u32 load(const u8* bytes, int size)
 {
     u32 value = 0;
@@ -76,7 +67,7 @@ IDirectFB* directfb()
 
 Surface make_surface(int width, int height, DFBSurfacePixelFormat format)
 {
-    const DFBSurfaceDescription description = describe(width, height, format);
+    const DFBSurfaceDescription description = common::describe(width, height, format);
     IDirectFBSurface* surface = nullptr;
     EXPECT_EQ(directfb()->CreateSurface(directfb(), &description, &surface), DFB_OK);
     Surface owner(surface);

@@ -1,5 +1,6 @@
 /// Draws random scenes for a long time by both back ends and watches that memory does not grow and that equal seeds
 /// give equal pictures.
+#include "common/surface.h"
 #include "options.h"
 #include "scene.h"
 
@@ -36,11 +37,7 @@ struct World {
 
 IDirectFBSurface* make_surface(IDirectFB* dfb, int w, int h)
 {
-    DFBSurfaceDescription description = {};
-    description.flags = static_cast<DFBSurfaceDescriptionFlags>(DSDESC_WIDTH | DSDESC_HEIGHT | DSDESC_PIXELFORMAT);
-    description.width = w;
-    description.height = h;
-    description.pixelformat = DSPF_ARGB;
+    const DFBSurfaceDescription description = common::describe(w, h);
     IDirectFBSurface* surface = nullptr;
     if (dfb->CreateSurface(dfb, &description, &surface))
         fail("a surface cannot be made");
