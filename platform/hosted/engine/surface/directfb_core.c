@@ -67,9 +67,9 @@ DirectFBCoreResult directfb_core_open(DirectFBCoreUse use, DFBSurfaceID id, Dire
         opened[use].surface = directfb_hold(id, &opened[use].lock);
     opened[use].is_held = opened[use].surface;
     if (!opened[use].is_held) {
-        const DirectFBCoreResult answer = lock_back_buffer(use, id);
-        if (answer != DIRECTFB_CORE_OK)
-            return answer;
+        const DirectFBCoreResult result = lock_back_buffer(use, id);
+        if (result != DIRECTFB_CORE_OK)
+            return result;
     }
     *ret_pixels = pixels_of(use);
     return DIRECTFB_CORE_OK;
