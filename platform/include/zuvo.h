@@ -310,7 +310,8 @@ int zuvo_dtk_draw_polygon(unsigned int dtk, const DFBPoint *points, unsigned int
  *
  * @param surface    Any interface. If it is not one of DirectFB's own, nothing but its slot GetID is looked at.
  * @param ret_handle Written on success only.
- * @return DFB_UNSUPPORTED for a whole surface and for an interface that is not DirectFB's own: GetID answers for these.
+ * @return DFB_UNSUPPORTED for a whole surface and for an interface that is not DirectFB's own: GetID returns the handle of
+ *         these.
  */
 DFBResult zuvo_dtk_get_part_handle(IDirectFBSurface *surface, unsigned int *ret_handle) __attribute__((weak));
 

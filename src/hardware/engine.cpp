@@ -8,7 +8,7 @@ namespace dtk {
 
 namespace {
 
-/// A blended border asks for the pen's size, as one that is stamped does, and needs no answer.
+/// A blended border asks for the pen's size, as one that is stamped does, and does not use it.
 void ask_pen_size(const DTKHDDVD_data& toolkit)
 {
     int width = 0, height = 0;

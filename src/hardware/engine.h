@@ -12,7 +12,7 @@ class EngineErrors {
 public:
     explicit EngineErrors(const EngineMessages& messages) : messages_(messages) {}
 
-    /// Takes the answer of an engine call and the message for it.
+    /// Takes the code that an engine call returned and the message for it.
     void check(const char* message, int error)
     {
         if (error)
@@ -45,7 +45,7 @@ void load_fill(const DTKHDDVD_data& toolkit, EngineErrors& errors);
 /// Loads the current pen in the stroke colour. It needs a current pen.
 void load_pen(const DTKHDDVD_data& toolkit, EngineErrors& errors);
 
-/// Fills a primitive: binds the target, loads the fill and calls `draw()`, which answers the engine's code.
+/// Fills a primitive: binds the target, loads the fill and calls `draw()`, which returns the engine's code.
 template <typename Draw>
 DFBResult draw_fill(const DTKHDDVD_data& toolkit, const EngineMessages& messages, Draw&& draw)
 {

@@ -48,7 +48,7 @@ DFBResult DTKHDDVDPen_Release(DTKHDDVDPen* thiz)
     return result::ok;
 }
 
-/// A pen knows no toolkit: it answers in the manner of the platform.
+/// A pen knows no toolkit: the platform decides which form is called.
 DFBResult DTKHDDVDPen_GetSize(DTKHDDVDPen* thiz, int* ret_width, int* ret_height)
 {
     const auto get_size = zuvo_dtk_get_handle() ? DTKHDDVDPen_GetSize_HW : DTKHDDVDPen_GetSize_SW;

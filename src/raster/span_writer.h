@@ -10,7 +10,14 @@
 
 namespace dtk {
 
-/// Stores runs of one value into the rows of a locked surface, cut to a clip. It alone turns coordinates into addresses.
+/// Stores spans of one value into the rows of a locked surface, cut to a clip.
+///
+/// A filled ellipse gives its spans in pairs, as rows mirrored about its centre, and where it is steep in fours:
+///
+///         .####.          write_rows(lower, upper, left, width): both rows have the same columns
+///         #....#          write_sides(lower, upper, left, right, width): what lies between is the block,
+///         #....#          which is filled at once
+///         .####.
 ///
 /// Coordinates may be anything that sums of three 32-bit numbers can be. A surface that could not be locked has no
 /// pixels, and nothing is written.
@@ -24,7 +31,8 @@ public:
         std::fill(block_.pixels, block_.pixels + per_block, value);
     }
 
-    /// Writes the same columns of two mirrored rows. One copy of it is fast enough for all callers.
+    /// Writes the same columns of two mirrored rows, either of which may be outside the clip: then the other one is stored
+    /// in its place as well. One copy of it is fast enough for all callers.
     [[gnu::noinline]] void write_rows(long long one, long long other, long long left, long long width) const
     {
         const long long first = std::max(left, left_);
@@ -40,7 +48,8 @@ public:
             store_wide(count, address(other, first));
     }
 
-    /// Writes as wide columns twice, on both sides of what lies between.
+    /// Writes as wide columns twice, on both sides of what lies between. Where the clip cuts none of the four spans they are
+    /// stored side by side, else by rows.
     [[gnu::noinline]] void write_sides(long long one, long long other, long long left, long long right,
                                        long long width) const
     {
@@ -59,7 +68,7 @@ public:
 private:
     static constexpr int per_block = 16 / sizeof(Pixel);
 
-    /// Up to this width both rows are stored together: no processor foretells where a row ends, and to be surprised once
+    /// Up to this width both rows are stored together: no processor predicts where a row ends, and to be surprised once
     /// is cheaper than twice. Wide rows would only slow each other down.
     static constexpr int side_by_side = 32;
 

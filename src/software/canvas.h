@@ -8,6 +8,9 @@
 namespace dtk {
 
 /// Where a primitive draws: onto the target, or into the scratch pad, which is blended onto the target at the end.
+///
+/// The first four fields are one or the other, chosen together. `dirty` follows what is drawn; `pixels` and `texture` are
+/// empty but while cairo draws. The context and its surface are references, because one in error is replaced for good.
 struct Canvas {
     IDirectFBSurface* surface;          ///< NULL in a toolkit that is not attached.
     cairo_t*& context;                  ///< The toolkit's own; NULL likewise.

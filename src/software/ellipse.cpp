@@ -85,7 +85,7 @@ DFBResult outline(const DTKHDDVD_data& toolkit, const DFBRectangle& box, Canvas&
     return has_wide_pen(toolkit) ? outline_stamped(toolkit, box, canvas) : outline_thin(toolkit, box, canvas);
 }
 
-/// The answer is not used; a pad that cannot answer ends the primitive before it draws.
+/// The format is not used; a pad whose format cannot be read ends the primitive before it draws.
 DFBResult ask_scratch_pad(const DTKHDDVD_data& toolkit)
 {
     DFBSurfacePixelFormat format = DSPF_UNKNOWN;

@@ -19,7 +19,7 @@ public:
 
     cairo_surface_t* get() const { return surface_; }
 
-    /// Cairo answers an object in error where older versions answered NULL.
+    /// Cairo returns an object in error where older versions returned NULL.
     bool is_valid() const { return surface_ && cairo_surface_status(surface_) == CAIRO_STATUS_SUCCESS; }
 
 private:

@@ -62,7 +62,7 @@ DFBResult abandon(DTKHDDVD* toolkit, DTKHDDVD** ret_interface, DFBResult result)
     return result;
 }
 
-DFBResult bind_target(DTKHDDVD_data& toolkit, IDirectFBSurface* surface)
+DFBResult create_target(DTKHDDVD_data& toolkit, IDirectFBSurface* surface)
 {
     // DirectFB may leave a dead pointer behind when it fails, so the field is written on success only.
     IDirectFBSurface* target = nullptr;

@@ -15,7 +15,7 @@ void initialize(DTKHDDVD_data& toolkit, IDirectFB* dfb, u8 use_scratch_pad);
 DFBResult abandon(DTKHDDVD* toolkit, DTKHDDVD** ret_interface, DFBResult result);
 
 /// Makes a sub-surface of all of `surface` the target, with its scratch pad, and takes a reference on DirectFB.
-DFBResult bind_target(DTKHDDVD_data& toolkit, IDirectFBSurface* surface);
+DFBResult create_target(DTKHDDVD_data& toolkit, IDirectFBSurface* surface);
 
 } // namespace dtk
 

@@ -3,7 +3,7 @@
 
 namespace {
 
-/// The back end was chosen when the toolkit was made. NULL goes to the software form, which answers for it.
+/// The back end was chosen when the toolkit was made. NULL goes to the software form, which returns the result for it.
 bool is_hardware(const DTKHDDVD* thiz)
 {
     return thiz && thiz->priv->dtk;

@@ -39,7 +39,7 @@ DFBResult CreateDrawingToolkit_HDDVD_HW(IDirectFB* dfb, IDirectFBSurface* surfac
     initialize(*toolkit->priv, dfb, use_scratch_pad);
     if (!surface)
         return result::ok;
-    if (DFBResult result = bind_target(*toolkit->priv, surface))
+    if (DFBResult result = create_target(*toolkit->priv, surface))
         return abandon(toolkit, ret_interface, result);
     return result::ok;
 }
@@ -48,7 +48,7 @@ DFBResult AttachDFBSurfaceToDrawingToolkit_HDDVD_HW(DTKHDDVD* thiz, IDirectFBSur
 {
     if (!thiz || !surface || !thiz->priv->dfb)
         return result::invalid_argument;
-    return bind_target(*thiz->priv, surface);
+    return create_target(*thiz->priv, surface);
 }
 
 DFBResult DetachDFBSurfaceToDrawingToolkit_HDDVD_HW(DTKHDDVD* thiz)

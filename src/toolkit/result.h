@@ -3,7 +3,7 @@
 
 #include "dtkhddvd.h"
 
-/// The results that the library itself answers. DirectFB numbers its own constants of these names differently.
+/// The results that the library itself returns. DirectFB numbers its own constants of these names differently.
 namespace dtk::result {
 
 inline constexpr auto ok = static_cast<DFBResult>(DTKHDDVD_OK);
@@ -13,7 +13,7 @@ inline constexpr auto unsupported = static_cast<DFBResult>(DTKHDDVD_UNSUPPORTED)
 inline constexpr auto invalid_argument = static_cast<DFBResult>(DTKHDDVD_INVARG);
 inline constexpr auto thiz_null = static_cast<DFBResult>(DTKHDDVD_THIZNULL);
 
-/// Nothing was left of a blit after clipping. DirectFB answers its own constant, boards answer 22.
+/// Nothing was left of a blit after clipping. DirectFB returns its own constant, boards return 22.
 inline bool is_invalid_area(DFBResult result)
 {
     return result == DFB_INVAREA || result == static_cast<DFBResult>(22);

@@ -9,7 +9,7 @@ namespace {
 /// Binds target and scratch pad; a creation does not record the cairo surfaces, which the contexts own.
 DFBResult attach_at_creation(DTKHDDVD_data& toolkit, IDirectFBSurface* surface)
 {
-    if (DFBResult result = bind_target(toolkit, surface))
+    if (DFBResult result = create_target(toolkit, surface))
         return result;
     toolkit.target_cr = create_context(toolkit.dfb, surface, nullptr);
     if (toolkit.use_scratch_pad)
@@ -50,7 +50,7 @@ DFBResult AttachDFBSurfaceToDrawingToolkit_HDDVD_SW(DTKHDDVD* thiz, IDirectFBSur
     // What a detach leaves behind holds the whole scratch pad that it drew into.
     if (!toolkit.target)
         destroy_context(toolkit.scratch_cr);
-    if (DFBResult result = bind_target(toolkit, surface))
+    if (DFBResult result = create_target(toolkit, surface))
         return result;
     toolkit.target_cr = create_context(toolkit.dfb, surface, &toolkit.target_cairo_surface);
     if (toolkit.use_scratch_pad)

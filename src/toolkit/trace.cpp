@@ -1,4 +1,4 @@
-// DirectFB's headers leave debugging out unless they are told so beforehand.
+// DirectFB's headers leave debugging out unless this is defined before them.
 #define DIRECT_ENABLE_DEBUG
 
 #include "toolkit/trace.h"

@@ -7,6 +7,6 @@ shift 2
 result=0
 for source in "$project"/src/*/*.cpp; do
     "$compiler" -std=c++17 -fno-exceptions -fno-rtti -DDIRECTFBPP_H -Wmissing-declarations -Werror -fsyntax-only \
-        "-I$project/src" "-I$project/include" "-I$project/platform/include" "$@" "$source" || result=1
+        "-I$project" "-I$project/src" "-I$project/include" "-I$project/platform/include" "$@" "$source" || result=1
 done
 exit $result

@@ -151,9 +151,9 @@ bool is_started()
     return true;
 }
 
-const Wishes& read_wishes()
+const Options& read_options()
 {
-    static const Wishes everything = {true, true, nullptr, {}};
+    static const Options everything = {true, true, nullptr, {}};
     return everything;
 }
 

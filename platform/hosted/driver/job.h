@@ -61,7 +61,7 @@ typedef struct AccelJob {
     AccelPen pen;
 } AccelJob;
 
-/** @name DirectFB's drawing functions. Each draws all of it, or answers false and has drawn nothing. @{ */
+/** @name DirectFB's drawing functions. Each draws all of it, or returns false and has drawn nothing. @{ */
 
 bool accel_fill_rectangle(void *driver_data, void *device_data, DFBRectangle *rect);
 bool accel_blit(void *driver_data, void *device_data, DFBRectangle *rect, int x, int y);

@@ -49,7 +49,7 @@ static const KnownBlit *find_blit(const CardState *state)
 
 static bool is_plain(const CoreSurface *surface) { return !(surface->config.caps & DSCAPS_SEPARATED); }
 
-/// DirectFB2 forgets to tell a driver which buffer of a layer is drawn to since the Flip.
+/// DirectFB2 does not pass on to a driver which buffer of a layer is drawn to since the Flip.
 static bool has_known_buffer(const CoreSurface *surface)
 {
     return !DIRECTFB_SURFACE_FLIPS_LAYER || !(surface->type & CSTF_LAYER) || !(surface->config.caps & DSCAPS_FLIPPING);
@@ -148,7 +148,7 @@ static bool overlap(const AccelImage *a, const AccelImage *b)
     return a->pixels < b_end && b->pixels < a_end;
 }
 
-/// Decides what a blit's state alone could not tell: palettes, keys and memory may change without a new check.
+/// Decides what a blit's state alone does not decide: palettes, keys and memory may change without a new check.
 static bool take_source(AccelJob *job, CardState *state)
 {
     const KnownBlit *known = find_blit(state);

@@ -12,7 +12,7 @@ struct Buffer {
     T* items;
     size_t capacity;
 
-    /// Makes room for @p count items and keeps those there are. Answers false without memory.
+    /// Makes room for @p count items and keeps those there are. Returns false without memory.
     bool reserve(size_t count)
     {
         if (count <= capacity)

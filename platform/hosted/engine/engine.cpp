@@ -15,7 +15,7 @@ const unsigned int engine_handle = 1;
 
 bool is_there()
 {
-    return is_started() && read_wishes().engine;
+    return is_started() && read_options().engine;
 }
 
 } // namespace

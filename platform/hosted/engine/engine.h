@@ -14,7 +14,7 @@ struct Engine : State, FillMemory, OutlineMemory {};
 /// The one that the platform has.
 extern Engine engine;
 
-/// Tells whether @p handle is the engine's and the engine is there.
+/// Returns whether @p handle is the engine's and the engine is there.
 bool is_engine(unsigned int handle);
 
 } // namespace zuvo

@@ -35,7 +35,7 @@ template <typename Draw>
 }
 
 /// Draws a shape with the engine's fill; a pattern begins at (x, y). `draw(painter, target)` gives the shape's rows to the
-/// painter and answers false without memory.
+/// painter and returns false without memory.
 template <typename Draw>
 int draw_filled(int x, int y, bool blend, const Draw& draw)
 {

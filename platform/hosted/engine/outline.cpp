@@ -17,7 +17,7 @@ using zuvo::RowRange;
 
 namespace {
 
-/// Draws an outline with the engine's pen: `draw(painter, target)` answers false without memory.
+/// Draws an outline with the engine's pen: `draw(painter, target)` returns false without memory.
 template <typename Draw>
 int draw_outline(bool blend, const Draw& draw)
 {
@@ -29,7 +29,7 @@ int draw_outline(bool blend, const Draw& draw)
 }
 
 /// Draws what the pen covers on a path: `make_path(rows)` fills the engine's path with what the pen visits on these
-/// rows and answers false without memory.
+/// rows and returns false without memory.
 template <typename MakePath>
 bool draw_path(Painter& painter, const MakePath& make_path)
 {

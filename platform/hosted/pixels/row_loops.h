@@ -41,8 +41,14 @@ inline void write_ends(uint32_t* target, size_t count, const Result& result)
 }
 
 /// Writes a row of at least one vector. The first vector and the last one may overlap those beside them, which begin at
-/// multiples of their size; so both are worked out before anything is stored. What lies as many pixels as @p below further
-/// on, most often the row below, is fetched meanwhile.
+/// multiples of their size; so both are worked out before anything is stored. Thirteen pixels in vectors of four:
+///
+///     boundaries    |   |   |   |
+///     first       aaaa
+///     between       bbbbbbbb
+///     last                 cccc
+///
+/// What lies as many pixels as @p below further on, most often the row below, is fetched meanwhile.
 template <class V, class Result>
 inline void write_vectors(uint32_t* target, size_t count, size_t below, const Result& result)
 {
@@ -61,7 +67,7 @@ inline void write_vectors(uint32_t* target, size_t count, size_t below, const Re
     store<V>(target + last, last_pixels);
 }
 
-/// Writes a row; `result(V{}, i)` answers the pixels of the vector that begins at the row's pixel i.
+/// Writes a row; `result(V{}, i)` returns the pixels of the vector that begins at the row's pixel i.
 template <class Result>
 inline void write_row(uint32_t* target, size_t count, size_t below, const Result& result)
 {

@@ -75,7 +75,7 @@ extern const Rows baseline_rows;
 extern const Rows avx2_rows;
 #endif
 
-/// Answers the fastest set that this processor can run.
+/// Returns the fastest set that this processor can run.
 const Rows *choose_rows(void);
 
 #ifdef __cplusplus

@@ -17,14 +17,14 @@ const u32 directfb_layer_id = DLID_PRIMARY;
 IDirectFB* zuvo_dfb_ext_open_with_params(unsigned int, int* argc, char*** argv)
 {
     if (!zuvo::is_started())
-        zuvo::read_start_wishes();
-    zuvo::take_argument_wishes(argc, argv);
+        zuvo::read_start_options();
+    zuvo::take_argument_options(argc, argv);
 
     if (DirectFBInit(argc, argv) != DFB_OK)
         return nullptr;
-    const zuvo::DisplayFormat& format = *zuvo::wishes().format;
+    const zuvo::DisplayFormat& format = *zuvo::options().format;
     directfb_complete_options(format.width, format.height, window_is_wanted());
-    if (zuvo::wishes().accel)
+    if (zuvo::options().accel)
         accel_register();
 
     IDirectFB* dfb = nullptr;

@@ -52,7 +52,7 @@ void directfb_complete_options(int width, int height, bool has_window)
     }
 }
 
-/* DirectFB 1.7 never joins the thread that hands out Fusion's messages, and it is not told to the outside. DirectFB2 does
+/* DirectFB 1.7 never joins the thread that hands out Fusion's messages, and does not hand it out. DirectFB2 does
  * both by itself and does not have the header. */
 #if __has_include(<fusion/fusion_internal.h>)
 

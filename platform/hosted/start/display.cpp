@@ -20,7 +20,7 @@ bool zuvo::is_started()
 
 int zuvo_init(unsigned int)
 {
-    zuvo::read_start_wishes();
+    zuvo::read_start_options();
     zuvo::reset_engine();
     started = true;
     return ZUVO_OK;
@@ -49,7 +49,7 @@ int zuvo_display_get(unsigned int display, zuvo_display_settings* settings)
         return ZUVO_NULL_ARGUMENT;
 
     *settings = {};
-    settings->video_format = zuvo::wishes().format->video_format;
+    settings->video_format = zuvo::options().format->video_format;
     return ZUVO_OK;
 }
 
@@ -66,6 +66,6 @@ int zuvo_display_set(unsigned int display, zuvo_display_settings* settings)
             return ZUVO_NO_SUCH_VIDEO_FORMAT;
         zuvo::set_format(format);
     }
-    settings->video_format = zuvo::wishes().format->video_format;
+    settings->video_format = zuvo::options().format->video_format;
     return ZUVO_OK;
 }

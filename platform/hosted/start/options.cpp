@@ -14,18 +14,18 @@ const DisplayFormat formats[] = {
     {"480", 1, 720, 480},
 };
 
-const Wishes unspoken = {true, true, &formats[0], {true, false, 0, 0}};
-Wishes current = unspoken;
+const Options defaults = {true, true, &formats[0], {true, false, 0, 0}};
+Options current = defaults;
 bool were_read = false;
 
-const char known_words[] =
+const char known_options[] =
     "dtk=on|off, accel=on|off, format=1080|720|576|480, window=on|off|fullscreen|WIDTHxHEIGHT";
 
 const char prefix[] = "--zuvo:";
 const size_t prefix_length = sizeof(prefix) - 1;
 
-/// One word of a list, without its comma.
-struct Word {
+/// One option of a list, without its comma.
+struct Option {
     const char* text;
     size_t length;
 
@@ -35,31 +35,31 @@ struct Word {
     }
 };
 
-bool read_switch(Word word, const char* on, const char* off, bool& ret_value)
+bool read_switch(Option option, const char* on, const char* off, bool& ret_value)
 {
-    if (word.is(on))
+    if (option.is(on))
         ret_value = true;
-    else if (word.is(off))
+    else if (option.is(off))
         ret_value = false;
     else
         return false;
     return true;
 }
 
-/// What follows the key, which ends with an equals sign; no text when the word has another key.
-Word value_of(Word word, const char* key)
+/// What follows the key, which ends with an equals sign; no text when the option has another key.
+Option value_of(Option option, const char* key)
 {
     const size_t key_length = std::strlen(key);
-    if (word.length < key_length || std::memcmp(word.text, key, key_length))
+    if (option.length < key_length || std::memcmp(option.text, key, key_length))
         return {nullptr, 0};
-    return {word.text + key_length, word.length - key_length};
+    return {option.text + key_length, option.length - key_length};
 }
 
-bool read_format(Word word)
+bool read_format(Option option)
 {
-    const Word value = value_of(word, "format=");
+    const Option value = value_of(option, "format=");
     for (const DisplayFormat& format : formats) {
-        if (!value.is(format.word))
+        if (!value.is(format.name))
             continue;
         current.format = &format;
         return true;
@@ -67,15 +67,15 @@ bool read_format(Word word)
     return false;
 }
 
-bool read_size(Word word, WindowWish& window)
+bool read_size(Option option, WindowSettings& window)
 {
     char text[16] = "";
-    if (word.length >= sizeof(text))
+    if (option.length >= sizeof(text))
         return false;
-    std::memcpy(text, word.text, word.length);
+    std::memcpy(text, option.text, option.length);
 
     char rest;
-    WindowWish sized = {true, false, 0, 0};
+    WindowSettings sized = {true, false, 0, 0};
     // Every number of 5 digits fits. NOLINTNEXTLINE(cert-err34-c)
     if (std::sscanf(text, "%5dx%5d%c", &sized.width, &sized.height, &rest) != 2 || sized.width < 1 || sized.height < 1)
         return false;
@@ -83,13 +83,13 @@ bool read_size(Word word, WindowWish& window)
     return true;
 }
 
-bool read_window(Word word, WindowWish& window)
+bool read_window(Option option, WindowSettings& window)
 {
-    const Word value = value_of(word, "window=");
+    const Option value = value_of(option, "window=");
     if (!value.text)
         return false;
     if (value.is("on"))
-        window = unspoken.window;
+        window = defaults.window;
     else if (value.is("off"))
         window = {false, false, 0, 0};
     else if (value.is("fullscreen"))
@@ -99,11 +99,11 @@ bool read_window(Word word, WindowWish& window)
     return true;
 }
 
-bool read_word(Word word)
+bool read_option(Option option)
 {
-    return read_switch(word, "dtk=on", "dtk=off", current.engine)
-        || read_switch(word, "accel=on", "accel=off", current.accel) || read_format(word)
-        || read_window(word, current.window);
+    return read_switch(option, "dtk=on", "dtk=off", current.engine)
+        || read_switch(option, "accel=on", "accel=off", current.accel) || read_format(option)
+        || read_window(option, current.window);
 }
 
 enum class Unknown { reported, ignored };
@@ -111,23 +111,24 @@ enum class Unknown { reported, ignored };
 void read_list(const char* list, Unknown unknown)
 {
     for (;;) {
-        const Word word = {list, std::strcspn(list, ",")};
-        if (word.length > 0 && !read_word(word) && unknown == Unknown::reported)
-            std::fprintf(stderr, "zuvo: unknown word '%.*s' (%s)\n", static_cast<int>(word.length), word.text, known_words);
-        list += word.length;
+        const Option option = {list, std::strcspn(list, ",")};
+        if (option.length > 0 && !read_option(option) && unknown == Unknown::reported)
+            std::fprintf(stderr, "zuvo: unknown word '%.*s' (%s)\n", static_cast<int>(option.length), option.text,
+                         known_options);
+        list += option.length;
         if (!*list)
             return;
         ++list;
     }
 }
 
-bool has_words(const char* argument)
+bool has_options(const char* argument)
 {
     return !std::strncmp(argument, prefix, prefix_length);
 }
 
 /// The display is set up before the program hands over its arguments, so the format has to be known earlier. The
-/// hand-over complains about unknown words.
+/// hand-over reports unknown ones.
 void read_own_command_line()
 {
     FILE* file = std::fopen("/proc/self/cmdline", "re");
@@ -137,7 +138,7 @@ void read_own_command_line()
     char* argument = nullptr;
     size_t size = 0;
     while (getdelim(&argument, &size, '\0', file) > 0) {
-        if (has_words(argument))
+        if (has_options(argument))
             read_list(argument + prefix_length, Unknown::ignored);
     }
     std::free(argument);
@@ -146,28 +147,28 @@ void read_own_command_line()
 
 } // namespace
 
-const Wishes& wishes()
+const Options& options()
 {
     if (!were_read)
-        read_start_wishes();
+        read_start_options();
     return current;
 }
 
-const Wishes& read_wishes()
+const Options& read_options()
 {
     return current;
 }
 
-void read_start_wishes()
+void read_start_options()
 {
-    current = unspoken;
+    current = defaults;
     were_read = true;
     if (const char* list = std::getenv("ZUVOARGS"))
         read_list(list, Unknown::reported);
     read_own_command_line();
 }
 
-void take_argument_wishes(int* argc, char*** argv)
+void take_argument_options(int* argc, char*** argv)
 {
     if (!argc || !argv || !*argv)
         return;
@@ -176,7 +177,7 @@ void take_argument_wishes(int* argc, char*** argv)
     const int count = *argc;
     int kept = 0;
     for (int i = 0; i < count; ++i) {
-        if (i > 0 && arguments[i] && has_words(arguments[i]))
+        if (i > 0 && arguments[i] && has_options(arguments[i]))
             read_list(arguments[i] + prefix_length, Unknown::reported);
         else
             arguments[kept++] = arguments[i];

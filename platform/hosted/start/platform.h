@@ -3,7 +3,7 @@
 
 namespace zuvo {
 
-/// Tells whether zuvo_init has run, and zuvo_uninit not since.
+/// Returns whether zuvo_init has run, and zuvo_uninit not since.
 bool is_started();
 
 /// Makes the drawing engine forget its surfaces, fill and pen.

@@ -50,13 +50,13 @@ bool window_has_display(void)
 
 bool window_is_wanted(void)
 {
-    return window_has_display() && zuvo::wishes().window.is_on;
+    return window_has_display() && zuvo::options().window.is_on;
 }
 
 const ZuvoWindow* window_open(void)
 {
     const ZuvoWindow* window = window_is_wanted() ? load() : nullptr;
-    const zuvo::WindowWish& wish = zuvo::wishes().window;
-    const WindowOptions options = {wish.is_full_screen, wish.width, wish.height};
+    const zuvo::WindowSettings& window_settings = zuvo::options().window;
+    const WindowOptions options = {window_settings.is_full_screen, window_settings.width, window_settings.height};
     return window && window->open(&options) ? window : nullptr;
 }

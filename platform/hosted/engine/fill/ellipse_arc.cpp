@@ -1,3 +1,4 @@
+// cairo's circle: cubic Bezier curves for arcs, halved by de Casteljau's algorithm until they are flat.
 #include "ellipse_arc.h"
 
 #include <algorithm>
@@ -39,7 +40,7 @@ FixedPoint middle(FixedPoint from, FixedPoint to)
     return {from.x + ((to.x - from.x) >> 1), from.y + ((to.y - from.y) >> 1)};
 }
 
-/// Cuts @p curve in the middle: it becomes its first half, the answer is the second.
+/// Cuts @p curve in the middle: it becomes its first half, the second one is returned.
 Bezier split(Bezier& curve)
 {
     const FixedPoint ab = middle(curve.a, curve.b);

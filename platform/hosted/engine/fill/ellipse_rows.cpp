@@ -1,3 +1,4 @@
+// The software back end's filled ellipse (geometry/ellipse_filler.h), kept as one span a row.
 #include "ellipse_rows.h"
 
 #include "geometry/ellipse_filler.h"

@@ -15,7 +15,7 @@ bool has_no_inside(const DFBRectangle& rect);
 
 /// Fills the ellipse inside a box, as the software back end does in @p box, exactly: with spans that are entered in the
 /// walk over the flat and the steep part of the outline, and a block in the middle. @p buffer is memory to work in.
-/// Answers false without memory.
+/// Returns false without memory.
 bool fill_ellipse(Buffer<Span>& buffer, Extent extent, const DFBRectangle& rect, RowSink& sink);
 
 /// The same, also for ellipses that are partly or wholly outside.

@@ -1,3 +1,8 @@
+// Scanline conversion with an active edge list (C. Wylie and others, 1967) and the winding rule.
+//
+// Edges wait in the order of their first row. While a row is scanned the active ones are those that cross it, each with
+// the column where it does; in scan_few they are in the order of these columns. Few edges stay in order from row to row.
+// Many would be sorted anew in each, so scan_many adds them to a row of winding numbers instead.
 #include "polygon_edge.h"
 
 #include <algorithm>
@@ -50,7 +55,7 @@ void put_last(PolygonEdge** edges, size_t place, PolygonEdge* edge)
 }
 
 /// Brings edges to the next row and drops those that end there; `put(edges, place, edge)` puts each of the others behind
-/// those before. Answers how many are left.
+/// those before. Returns how many are left.
 template <typename Put>
 size_t advance_all(PolygonEdge** edges, size_t count, int row, Put&& put)
 {
@@ -65,6 +70,11 @@ size_t advance_all(PolygonEdge** edges, size_t count, int row, Put&& put)
     return kept;
 }
 
+/// Stores the spans of a row and returns their number. The edges are in order of their columns:
+///
+///     edge         +1       -1   +1     -1         +1 goes down, -1 up
+///     winding   0   1  1  1  0 0  1  1   0         of what lies right of an edge
+///     span          ##########    ########         a gap of up to `closed_gap` columns makes one span of both
 int collect_spans(PolygonEdge* const* edges, size_t count, int width, int closed_gap, Span* spans)
 {
     int span_count = 0, winding = 0, start = -1;
@@ -94,7 +104,7 @@ size_t drop_ended(PolygonEdge** edges, size_t count, int row)
 /// How the winding number changes along a row, column by column. Edges that begin in the same column need no order.
 class RowOfEdges {
 public:
-    /// Answers false without memory.
+    /// Returns false without memory.
     bool prepare(Buffer<int>& windings, Buffer<uint64_t>& touched, int width)
     {
         const size_t columns = static_cast<size_t>(width) + 1;
@@ -114,7 +124,7 @@ public:
         touched_[column / 64] |= uint64_t(1) << column % 64;
     }
 
-    /// Stores the row's spans, answers their number and forgets the edges.
+    /// Stores the row's spans, returns their number and forgets the edges.
     int take_spans(int closed_gap, Span* spans)
     {
         int span_count = 0, winding = 0, start = -1, end = 0;

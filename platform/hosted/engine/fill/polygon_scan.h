@@ -45,7 +45,7 @@ struct PolygonScan {
     /// Adds the part between two heights of a line that goes down, without cutting it.
     void add_piece(FixedPoint line_top, FixedPoint line_bottom, int64_t top, int64_t bottom, int direction);
 
-    /// Gives every row of the polygon to @p sink. Answers false without memory.
+    /// Gives every row of the polygon to @p sink. Returns false without memory.
     bool scan(RowSink& sink);
 
     /// The same for polygons of few edges, which are kept in order, and of many.

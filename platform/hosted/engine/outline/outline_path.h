@@ -13,12 +13,13 @@ struct RowRange {
     int64_t top, bottom;
 };
 
-/// Each makes @p path the points that a pen visits and that lie in @p rows. They answer false without memory.
+/// Each makes @p path the points that a pen visits and that lie in @p rows. They return false without memory.
 
 /// Both ends of the line are visited.
 bool line_path(RowPath& path, RowRange rows, DFBPoint from, DFBPoint to);
 
-/// Cuts a line one pixel wide to the extent as DirectFB does, unless it is too long for that, and makes it go to the right. Answers false when nothing of it is left.
+/// Cuts a line one pixel wide to the extent as DirectFB does, unless it is too long for that, and makes it go to the right.
+/// Returns false when nothing of it is left.
 bool cut_thin_line(Extent extent, DFBPoint& from, DFBPoint& to);
 
 bool rectangle_path(RowPath& path, RowRange rows, const DFBRectangle& rect);

@@ -17,7 +17,7 @@ const int pen_limit = 4096;
 ///
 /// A plain record with a buffer that is kept from one pen to the next.
 struct PenRows {
-    /// Works out the pixels of @p pen. Answers a zuvo_error.
+    /// Works out the pixels of @p pen. Returns a zuvo_error.
     int render(PolygonScan& polygon, const zuvo_dtk_pen& pen);
 
     /// The first or the second span of a row (index 0 or 1), empty when left is not smaller than right.

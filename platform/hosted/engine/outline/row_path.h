@@ -20,7 +20,7 @@ struct RowPath {
     };
 
     /// Starts an empty path that keeps the points on the rows from @p top up to, but without, @p bottom.
-    /// Answers false without memory.
+    /// Returns false without memory.
     bool begin(int chain_count, int64_t top, int64_t bottom);
 
     /// Adds neighbouring points of one row to a chain. Rows that the path does not keep are left out.

@@ -1,3 +1,15 @@
+// The sweep of a convex pen along a path, scanline by scanline: the Minkowski sum of both, without a stamp at each point.
+//
+//      pen      path, one chain    covered
+//      ##..     .x......           .##.....
+//      ####  +  ..xx....     =     .####...
+//      .##.     ....x...           ..#####.
+//                                  ...#####
+//                                  .....##.
+//
+// Row r of the sum is the union of the rows i of the path, each widened by row r - i of the pen. As long as these touch,
+// the union is their hull, a first and a last column; widen_hulls sees where they do not. Then, and for a pen with two spans
+// in a row, sweep_scattered joins the spans one by one.
 #include "sweep.h"
 
 #include <algorithm>
@@ -24,7 +36,7 @@ struct Hulls {
     ReachedRows rows;
 };
 
-/// Widens the hulls by one row of the pen. Answers whether it is part of their union in every row: it touches what is
+/// Widens the hulls by one row of the pen. Returns whether it is part of their union in every row: it touches what is
 /// there.
 bool widen_hulls(const Hulls& hulls, const RowPath& path, const RowPath::Chain& chain, int offset, Span pen)
 {
@@ -65,7 +77,7 @@ Span visible(Span span, Extent extent)
     return {std::max(span.left, 0), std::min(span.right, extent.width)};
 }
 
-/// Joins the spans of a row's two chains if they touch. No span of the left chain begins or ends right of the right
+/// Makes one span of the spans of a row's two chains if they touch. No span of the left chain begins or ends right of the right
 /// one's.
 void join_touching(Span& left, Span& right)
 {
@@ -75,7 +87,7 @@ void join_touching(Span& left, Span& right)
     right = {0, 0};
 }
 
-/// Gives what each chain covers in each row, `hull_of(chain, row)`. Answers false without memory.
+/// Gives what each chain covers in each row, `hull_of(chain, row)`. Returns false without memory.
 template <int ChainCount, typename HullOf>
 bool give_chains(SweepMemory& memory, ReachedRows rows, Extent extent, RowSink& sink, const HullOf hull_of)
 {

@@ -12,10 +12,10 @@ struct SweepMemory {
     Buffer<Span> spans;
 };
 
-/// Tells the rows on which a pen's points matter.
+/// Returns the rows on which a pen's points matter.
 RowRange rows_in_reach(const PenRows& pen, Extent extent);
 
-/// Gives @p sink every pixel that the pen covers at any point of the path, once. Answers false without memory.
+/// Gives @p sink every pixel that the pen covers at any point of the path, once. Returns false without memory.
 bool sweep(SweepMemory& memory, const RowPath& path, const PenRows& pen, Extent extent, RowSink& sink);
 
 /// The same, row by row and span by span: for pens and paths whose pixels in a row do not make one span a chain.

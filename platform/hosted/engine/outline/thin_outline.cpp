@@ -10,7 +10,8 @@
 namespace zuvo {
 namespace {
 
-/// Calls `draw(plot)` with what brings a single pixel its colour.
+/// Calls `draw(plot)` with what brings a single pixel its colour: the way of painting is chosen once, and `draw` is
+/// compiled for each of them, so that there is no choice at a pixel.
 template <typename Draw>
 void draw_pixels(const Painter& painter, const Draw& draw)
 {

@@ -8,7 +8,7 @@
 namespace zuvo {
 
 /// Each writes an outline that is one pixel wide straight onto the target of a painter of one colour, pixel by pixel,
-/// each pixel once. They answer false, and have drawn nothing, when not all of the outline is sure to be on the target.
+/// each pixel once. They return false, and have drawn nothing, when not all of the outline is sure to be on the target.
 
 bool draw_thin_line(const Painter& painter, DFBPoint from, DFBPoint to);
 

@@ -1,3 +1,4 @@
+// Source-over with 8-bit rounding, as DirectFB's renderer has it, or plain stores.
 #include "painter.h"
 
 #include <algorithm>
@@ -18,32 +19,23 @@ RowSpans spans_on(const Pixels& target, int row, const Span* spans, int count)
     return {target.row(row), 0, spans, 1, static_cast<size_t>(count), 1};
 }
 
-void store_rows(RowSink& self, const SpanRows& rows)
+/// A row function that brings one colour onto spans.
+using WriteSpans = void (*Rows::*)(const RowSpans*, uint32_t);
+
+template <WriteSpans write>
+void write_rows(RowSink& self, const SpanRows& rows)
 {
     const Painter& painter = static_cast<const Painter&>(self);
     const RowSpans spans = spans_on(painter.target, rows);
-    painter.rows->fill_spans(&spans, painter.colour);
+    (painter.rows->*write)(&spans, painter.colour);
 }
 
-void store_row(RowSink& self, int row, const Span* spans, int count)
+template <WriteSpans write>
+void write_row(RowSink& self, int row, const Span* spans, int count)
 {
     const Painter& painter = static_cast<const Painter&>(self);
     const RowSpans on_target = spans_on(painter.target, row, spans, count);
-    painter.rows->fill_spans(&on_target, painter.colour);
-}
-
-void blend_rows(RowSink& self, const SpanRows& rows)
-{
-    const Painter& painter = static_cast<const Painter&>(self);
-    const RowSpans spans = spans_on(painter.target, rows);
-    painter.rows->blend_colour_spans(&spans, painter.colour);
-}
-
-void blend_row(RowSink& self, int row, const Span* spans, int count)
-{
-    const Painter& painter = static_cast<const Painter&>(self);
-    const RowSpans on_target = spans_on(painter.target, row, spans, count);
-    painter.rows->blend_colour_spans(&on_target, painter.colour);
+    (painter.rows->*write)(&on_target, painter.colour);
 }
 
 /// The rest of a sum of numbers that are not negative.
@@ -127,16 +119,25 @@ Painter paint_colour(const Pixels& target, uint32_t colour, bool blend)
         if (!target.has_alpha)
             return blend_colour_without_alpha(painter);
         painter.paint = Paint::blended;
-        painter.take = blend_row;
-        painter.take_rows = blend_rows;
+        painter.take = write_row<&Rows::blend_colour_spans>;
+        painter.take_rows = write_rows<&Rows::blend_colour_spans>;
         return painter;
     }
     painter.paint = Paint::stored;
-    painter.take = store_row;
-    painter.take_rows = store_rows;
+    painter.take = write_row<&Rows::fill_spans>;
+    painter.take_rows = write_rows<&Rows::fill_spans>;
     return painter;
 }
 
+// What is written of a pattern:
+//
+//      pattern         blend   target   written
+//      RGB32           any     any      its pixels, opaque
+//      ARGB            no      any      its pixels
+//      ARGB, opaque    yes     ARGB     its pixels (known of a small pattern only)
+//      ARGB, small     yes     ARGB     blended, with the products worked out before
+//      ARGB            yes     ARGB     blended
+//      ARGB            yes     RGB32    blended as onto a target without alpha
 Painter paint_pattern(const Pixels& target, const Pixels& pattern, int x, int y, bool blend)
 {
     const bool blends = blend && pattern.has_alpha;

@@ -19,10 +19,10 @@ struct Painter : RowSink {
     void (*write_row)(uint32_t* target, const uint32_t* source, size_t count);
 };
 
-/// Answers a painter of one colour, which blends or stores it as it is.
+/// Returns a painter of one colour, which blends or stores it as it is.
 Painter paint_colour(const Pixels& target, uint32_t colour, bool blend);
 
-/// Answers a painter of a pattern that begins at (x, y). There is one such painter at a time.
+/// Returns a painter of a pattern that begins at (x, y). There is one such painter at a time.
 Painter paint_pattern(const Pixels& target, const Pixels& pattern, int x, int y, bool blend);
 
 } // namespace zuvo

@@ -13,7 +13,7 @@ struct Tiles {
     bool is_opaque;         ///< All pixels are known to be opaque.
 };
 
-/// Answers a pattern that begins at (x, y) as tiles. A small one is copied side by side to where its rows are longer and, if
+/// Returns a pattern that begins at (x, y) as tiles. A small one is copied side by side to where its rows are longer and, if
 /// asked for, prepared for blending. The copy is kept from one drawing to the next and there is one at a time.
 Tiles make_tiles(const Pixels& pattern, int x, int y, bool is_prepared);
 

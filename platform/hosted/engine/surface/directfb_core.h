@@ -36,7 +36,7 @@ typedef enum DirectFBCoreResult {
     DIRECTFB_CORE_NOT_LOCKED
 } DirectFBCoreResult;
 
-/** Tells the pixel format of the surface @p id. */
+/** Finds the pixel format of the surface @p id. */
 DirectFBCoreResult directfb_core_get_format(DFBSurfaceID id, DFBSurfacePixelFormat *ret_format);
 
 /** Finds the surface @p id and locks its back buffer; close it after success only. */
@@ -48,7 +48,7 @@ void directfb_core_close(DirectFBCoreUse use);
 /** Gives up what is kept about DirectFB's surfaces from one call to the next, while DirectFB goes on. */
 void directfb_core_forget_surfaces(void);
 
-/** Cuts a line to @p clip as DirectFB does before it draws one. Answers false when nothing is left. */
+/** Cuts a line to @p clip as DirectFB does before it draws one. Returns false when nothing is left. */
 bool directfb_core_clip_line(const DFBRegion *clip, DFBRegion *line);
 
 #ifdef __cplusplus

@@ -13,7 +13,7 @@
 
 /**
  * Locks the surface @p id and its back buffer for reading and writing, without waiting. Returns NULL where that cannot be
- * done; then dfb_surface_lock_buffer tells why, or can. Until it is let go no other surface may be locked.
+ * done; then dfb_surface_lock_buffer returns why, or succeeds. Until it is let go no other surface may be locked.
  */
 CoreSurface *directfb_hold(DFBSurfaceID id, CoreSurfaceBufferLock *lock);
 

@@ -19,7 +19,7 @@ typedef struct DirectFBPart {
 } DirectFBPart;
 
 /**
- * Tells the part that @p surface stands for. Answers false for a whole surface, and for an interface that is not
+ * Finds the part that @p surface stands for. Returns false for a whole surface, and for an interface that is not
  * DirectFB's own, of which nothing but the slot GetID is looked at.
  */
 bool directfb_get_part(const IDirectFBSurface *surface, DirectFBPart *ret_part);

@@ -42,7 +42,7 @@ bool is_gone(const Entry& entry)
     return directfb_core_get_format(entry.part.id, &format) != DIRECTFB_CORE_OK;
 }
 
-/// Answers the index of the entry with a part, or the number of entries.
+/// Returns the index of the entry with a part, or the number of entries.
 unsigned int index_of(const DirectFBPart& part)
 {
     if (parts.latest < parts.count && is_same(parts.entries[parts.latest].part, part))
@@ -63,7 +63,7 @@ void forget_what_is_gone()
     }
 }
 
-/// Answers the index of a free entry, or the number of entries, one more than which there is room for then.
+/// Returns the index of a free entry, or the number of entries, one more than which there is room for then.
 unsigned int free_index()
 {
     if (parts.count == parts.entries.capacity)

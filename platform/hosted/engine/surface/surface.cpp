@@ -13,9 +13,9 @@ bool is_usable(DFBSurfacePixelFormat format)
     return format == DSPF_ARGB || format == DSPF_RGB32;
 }
 
-int to_error(DirectFBCoreResult answer)
+int to_error(DirectFBCoreResult result)
 {
-    switch (answer) {
+    switch (result) {
     case DIRECTFB_CORE_OK:
         return ZUVO_OK;
     case DIRECTFB_CORE_NOT_LOCKED:

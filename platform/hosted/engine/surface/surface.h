@@ -9,7 +9,7 @@
 
 namespace zuvo {
 
-/// Tells whether the engine can use the surface of a handle. Answers a zuvo_error.
+/// Returns whether the engine can use the surface of a handle. Returns a zuvo_error.
 int check_surface(unsigned int handle);
 
 /// Whether two handles name the same surface, or parts of one that overlap.
@@ -23,7 +23,7 @@ public:
     OpenSurface(const OpenSurface&) = delete;
     OpenSurface& operator=(const OpenSurface&) = delete;
 
-    /// Finds and locks the surface of a handle. Answers a zuvo_error.
+    /// Finds and locks the surface of a handle. Returns a zuvo_error.
     int open(unsigned int handle);
 
     /// All pixels of the surface, or those of the part that lie inside it: one at least.
@@ -44,7 +44,7 @@ private:
         return __builtin_add_overflow(coordinate, distance, &sum) ? INT_MIN : sum;
     }
 
-    /// Leaves the pixels of a part. Answers a zuvo_error.
+    /// Leaves the pixels of a part. Returns a zuvo_error.
     [[gnu::noinline]] int cut(const DirectFBPart& part);
 
     DirectFBCoreUse use_;
