@@ -117,6 +117,9 @@ case $case_name in
         "$PREFIX/bin/dtk_demo" --frames 2 --size 640x480 2> "$work/log" || wrong "dtk_demo: $(cat "$work/log")"
         "$PREFIX/bin/dtk_bench" --duration 0.01 --size 64 2> "$work/log" || wrong "dtk_bench: $(cat "$work/log")"
         "$PREFIX/bin/zuvo_check" --scenes 10 > "$work/log" 2>&1 || wrong "zuvo_check: $(cat "$work/log")"
+        "$PREFIX/bin/dtk_trace" -o "$work/demo.dtk" "$PREFIX/bin/dtk_demo" --frames 2 --size 640x480 2> "$work/log" ||
+            wrong "dtk_trace: $(cat "$work/log")"
+        "$PREFIX/bin/dtk_replay" "$work/demo.dtk" | grep -q '^2 frames: ' || wrong "dtk_replay does not play two frames"
         [ -n "$HAS_WINDOW" ] || exit 0
         # The window's library is found from any folder: it says itself that there is no such display.
         (cd / && DISPLAY=:987 "$PREFIX/bin/dtk_demo" --frames 2 --size 640x480 2> "$work/log") || wrong "$(cat "$work/log")"

@@ -56,11 +56,28 @@ void set(const char* variable, const std::string& value)
         throw std::runtime_error(std::string("cannot set ") + variable + ": " + std::strerror(errno));
 }
 
-/// What the user has put before the program's libraries stays there.
+/// Puts an entry before what the user has in a list.
+void prepend(const char* variable, const std::string& entry)
+{
+    const char* others = std::getenv(variable);
+    set(variable, entry + (others && *others ? std::string(":") + others : ""));
+}
+
+/// The list of what is loaded first is split at blanks, too, so that a folder with one is left to be searched.
+void load_first(const std::string& path)
+{
+    if (path.find(':') != std::string::npos)
+        throw std::runtime_error("cannot load " + path + ": there is a colon in its name");
+    const std::size_t slash = path.rfind('/');
+    const bool has_blank = path.find(' ') != std::string::npos;
+    if (has_blank)
+        prepend("LD_LIBRARY_PATH", path.substr(0, slash));
+    prepend("LD_PRELOAD", has_blank ? path.substr(slash + 1) : path);
+}
+
 void prepare_environment(const Options& options)
 {
-    const char* others = std::getenv("LD_PRELOAD");
-    set("LD_PRELOAD", recorder() + (others && *others ? std::string(":") + others : ""));
+    load_first(recorder());
     set("DTK_TRACE_FILE", absolute(options.file));
     set("DTK_TRACE_TEXTURES", options.textures);
     set("DTK_TRACE_FRAMES", std::to_string(options.frames));
