@@ -57,6 +57,14 @@ inline typename V::Pixels scale(typename V::Pixels pixels, typename V::Lanes fac
     return (typename V::Pixels)(((lanes & 0xff) * factors >> 8) | ((lanes >> 8) * factors & 0xff00));
 }
 
+/// Without vectors, both lanes in one multiplication. The factor is the same for both.
+template <>
+inline Single::Pixels scale<Single>(Single::Pixels pixels, Single::Lanes factors)
+{
+    const uint32_t lanes = 0x00ff00ff, pixel = pixels[0], factor = factors[0];
+    return Single::Pixels{} + (((pixel & lanes) * factor >> 8 & lanes) | ((pixel >> 8 & lanes) * factor & ~lanes));
+}
+
 /// What a source adds to a target, and of which part of 256 the target is left.
 template <class V>
 inline typename V::Pixels scaled_source(typename V::Pixels source)

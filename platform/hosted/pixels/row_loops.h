@@ -13,14 +13,18 @@
 
 namespace {
 
-#ifdef __AVX2__
-constexpr size_t vector_bytes = 32;
-#else
-constexpr size_t vector_bytes = 16;
-#endif
-
-using Wide = Vector<vector_bytes>;
+// Where there are no vectors the compiler would take them apart, which is slower than pixel by pixel but for stores alone.
+#if defined __AVX2__
+using Wide = Vector<32>;
 using Narrow = Vector<16>;
+#elif defined __SSE2__ || defined __ARM_NEON || defined __ALTIVEC__
+using Wide = Vector<16>;
+using Narrow = Vector<16>;
+#else
+using Wide = Single;
+using Narrow = Single;
+#endif
+using Stored = Vector<(Wide::count < 4 ? 16 : sizeof(Wide::Pixels))>;
 
 /// How far it is to the next multiple of a vector's size: at least one pixel, at most a vector.
 template <class V>
@@ -118,8 +122,8 @@ inline void fill_vectors(uint32_t* target, uint32_t colour, size_t count, size_t
 
 inline void fill_row(uint32_t* target, uint32_t colour, size_t count, size_t below)
 {
-    if (count > 2 * Wide::count)
-        return fill_vectors<Wide>(target, colour, count, below);
+    if (count > 2 * Stored::count)
+        return fill_vectors<Stored>(target, colour, count, below);
     write_row(target, count, below, [colour](auto v, size_t) { return typename decltype(v)::Pixels{} + colour; });
 }
 
