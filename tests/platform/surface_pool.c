@@ -4,11 +4,13 @@
 #include <core/core.h>
 #include <core/surface.h>
 #include <core/surface_allocation.h>
+#include <core/surface_buffer.h>
 #include <fusion/object.h>
 #include <misc/conf.h>
 #include <stdatomic.h>
 #include <time.h>
 
+#include "directfb_back_buffer.h"
 #include "directfb_hold.h"
 #include "directfb_surfaces.h"
 
@@ -99,12 +101,14 @@ bool can_be_held(unsigned int id)
 {
     CoreSurfaceBufferLock lock = {0};
     CoreSurface *surface = directfb_hold(id, &lock);
+    CoreSurfaceAllocation *allocation;
     bool is_noted;
 
     if (!surface)
         return false;
-    is_noted = lock.allocation->accessed[CSAID_CPU] == (CSAF_READ | CSAF_WRITE);
-    lock.allocation->accessed[CSAID_CPU] = CSAF_NONE;
+    allocation = directfb_back_buffer(surface)->written;
+    is_noted = allocation->accessed[CSAID_CPU] == (CSAF_READ | CSAF_WRITE);
+    allocation->accessed[CSAID_CPU] = CSAF_NONE;
     directfb_let_go(surface, &lock);
     return is_noted;
 }
