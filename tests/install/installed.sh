@@ -89,8 +89,7 @@ case $case_name in
     examples_compile)
         cd "$PREFIX/share/doc/dtkhddvd/examples"
         for name in hello df_chart df_clock df_menu df_paint; do
-            more_sources=screen.c
-            [ $name != df_paint ] || more_sources="$(echo df_paint_*.c) screen.c"
+            more_sources="$(find . -name "${name}_*.c" | tr '\n' ' ') screen.c"
             compile "$CC -Wall -Wextra -Werror" $name.c dtkhddvd libpng
             "$work/user" --png "$work/$name.png" || wrong "fails: $name"
             [ -s "$work/$name.png" ] || wrong "leaves no picture: $name"
