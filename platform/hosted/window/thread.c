@@ -15,7 +15,7 @@
 enum {
     longest_nap = 15,           /* Milliseconds from one look for events to the next. */
     time_to_settle = 30000,     /* Microseconds from the first picture, which may be DirectFB's own, to the window. */
-    longest_end = 2             /* Seconds. */
+    longest_end = 5             /* Seconds. */
 };
 
 static struct {
