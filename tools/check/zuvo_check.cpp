@@ -148,9 +148,11 @@ void add_options(CLI::App& app, Options& options)
         ->check(CLI::Range(1, 1000000).description(""))
         ->type_name("N");
     app.add_flag("--list", options.lists_families, "list the families");
+    app.set_help_flag("-h,--help", "show this help");
     app.set_version_flag("--version", "zuvo_check " + std::to_string(DTKHDDVD_VERSION_MAJOR) + "." +
                                           std::to_string(DTKHDDVD_VERSION_MINOR) + "." +
-                                          std::to_string(DTKHDDVD_VERSION_MICRO));
+                                          std::to_string(DTKHDDVD_VERSION_MICRO),
+                         "show the version");
     app.footer("--dfb:... are options of DirectFB, --zuvo:... of the platform. The status is 0 when the level is "
                "reached, else 1.");
 }
